@@ -1,0 +1,13 @@
+// Inverse of the standard normal distribution function, shared by the
+// distribution routines of this chapter and by the random-variate chapter.
+#pragma once
+
+namespace lbx::stats {
+
+// Returns x with P(Z <= x) = p for the standard normal variable Z, 0 < p < 1.
+// Wichura's rational approximations (about 16 significant digits). Where
+// min(p, 1 - p) is 0 it is replaced by the smallest positive normalised
+// number before the logarithm, so no infinity arises (|x| <= 37.5).
+double inverse_normal(double p);
+
+}  // namespace lbx::stats
