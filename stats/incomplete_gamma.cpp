@@ -40,9 +40,14 @@ double gamma_prefactor(double a, double x) {
     return std::exp(-a * phi - stirling_remainder(a)) / (kSqrt2Pi * std::sqrt(a));
   }
   const double lg = lbx::special::log_gamma_kernel(a + 1.0);
-  if (x < 600.0) {
+  if (x < 1400.0) {
+    // x^a e^-x with each factor correctly rounded; e^-x in two halves so
+    // that it stays normal up to x = 1400.
     const double px = std::pow(x, a);
-    if (px > 1e-290 && px < 1e290) return px * std::exp(-x) * std::exp(-lg);
+    if (px > 1e-290 && px < 1e290) {
+      const double h = std::exp(-0.5 * x);
+      return px * h * h * std::exp(-lg);
+    }
   }
   return std::exp(a * std::log(x) - x - lg);
 }
