@@ -16,6 +16,12 @@
 namespace lbx::stats {
 namespace {
 
+// ln(1 + d): two terms of the series for the tiny factors of a converging
+// fraction, the library logarithm otherwise.
+inline double log1p_small(double d) {
+  return std::fabs(d) < 1e-6 ? d - 0.5 * d * d : std::log1p(d);
+}
+
 constexpr int kMaxIterations = 1000000;
 
 // ln Gamma(a + b) - ln Gamma(a) - ln Gamma(b).
@@ -68,7 +74,7 @@ double beta_fraction(double a, double b, double x, double y, bool& ok) {
     if (std::fabs(c) < tiny) c = tiny;
     d = 1.0 / den;
     const double delm1 = aa * (1.0 / c_old - d_old) * d;
-    log_sum += std::log1p(delm1);
+    log_sum += log1p_small(delm1);
     return delm1;
   };
   for (int m = 1; m <= kMaxIterations; ++m) {

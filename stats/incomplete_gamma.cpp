@@ -19,6 +19,12 @@
 namespace lbx::stats {
 namespace {
 
+// ln(1 + d): two terms of the series for the tiny factors of a converging
+// fraction, the library logarithm otherwise.
+inline double log1p_small(double d) {
+  return std::fabs(d) < 1e-6 ? d - 0.5 * d * d : std::log1p(d);
+}
+
 constexpr int kMaxIterations = 1000000;
 constexpr double kTolerance = 1e-17;
 constexpr double kSqrt2Pi = 2.5066282746310002;  // sqrt(2 pi)
@@ -92,7 +98,7 @@ double upper_fraction(double a, double x, bool& ok) {
     if (std::fabs(c) < tiny) c = tiny;
     d = 1.0 / den;
     const double delm1 = an * (1.0 / c_old - d_old) * d;
-    log_sum += std::log1p(delm1);
+    log_sum += log1p_small(delm1);
     if (std::fabs(delm1) <= kTolerance) {
       ok = true;
       break;
