@@ -56,12 +56,12 @@ TEST(SpecialAccuracy, GammaS14AAF) {
                   {"tiny", 1.0},
                   // The degree-23 polynomial alone: about 1 ULP.
                   {"unit", 2.0},
-                  // Polynomial plus up to 19 multiplications of the recurrence.
-                  {"moderate", 4.5},
-                  // Up to 169 rounded multiplications in the recurrence.
-                  {"large", 14.0},
-                  // Up to 170 rounded multiplications and one division.
-                  {"negative", 16.0},
+                  // The recurrence's product is exact to 2^-64 per factor
+                  // (extended precision): the polynomial's ULP, the product's
+                  // fraction of one and the final rounding.
+                  {"moderate", 1.7},
+                  {"large", 1.8},
+                  {"negative", 1.8},
               });
 }
 
