@@ -106,6 +106,12 @@ double log_gamma_kernel(double x) {
   return ((s / x + kLnSqrt2Pi) - 0.5 * lnx) + x * (lnx - 1.0);
 }
 
+double log_gamma_1p_kernel(double a) {
+  if (a <= 0.5) return a * (kD1 + a * ratio(kP1, kQ1, 1.0, a));
+  const double y = a - 1.0;  // exact for 0.5 < a < 1
+  return y * (kD2 + y * ratio(kP2, kQ2, 1.0, y));
+}
+
 double S14ABFN(double x, lbx::Fail& fail) {
   if (std::isnan(x)) return x;
   if (x > 2.55e305) {

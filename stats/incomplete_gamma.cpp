@@ -45,7 +45,8 @@ double gamma_prefactor(double a, double x) {
     const double phi = std::fabs(u) < 0.5 ? log1pmx_neg(u) : u - std::log(x / a);
     return std::exp(-a * phi - stirling_remainder(a)) / (kSqrt2Pi * std::sqrt(a));
   }
-  const double lg = lbx::special::log_gamma_kernel(a + 1.0);
+  const double lg = a < 1.0 ? lbx::special::log_gamma_1p_kernel(a)
+                            : lbx::special::log_gamma_kernel(a + 1.0);
   if (x < 1400.0) {
     // x^a e^-x with each factor correctly rounded; e^-x in two halves so
     // that it stays normal up to x = 1400.
@@ -158,7 +159,7 @@ GammaProbabilities incomplete_gamma(double a, double x) {
       if (std::fabs(add) <= 1e-17 * std::fabs(t)) break;
     }
     t *= a;
-    const double e = std::expm1(a * std::log(x) - lbx::special::log_gamma_kernel(1.0 + a));
+    const double e = std::expm1(a * std::log(x) - lbx::special::log_gamma_1p_kernel(a));
     return {p, -(e + t + e * t), ok};
   }
   if (x < a + std::max(1.0, std::sqrt(a))) {
