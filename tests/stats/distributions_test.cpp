@@ -136,8 +136,9 @@ TEST(DistributionAccuracy, ChiSquaredG01ECF) {
   lbx::test::print_stats("g01ecf", here, none);
   // Measured errors with a margin.  Below 1e-30 ("far") the prefactor is an
   // exponential of an argument of up to about 2000, rounded to about 0.5 ULP
-  // per unit of it: one bound for all far groups.  For DF = 0.01 the continued fraction near x = 2.7 loses about
-  // three digits (1e-13 relative).
+  // per unit of it: one bound for all far groups.  Elsewhere the error is
+  // that of the series or fraction (a rounding per term) and of 1 - P or
+  // 1 - Q where that tail is the larger one.
   expect_bounds("g01ecf", here,
                 {
                     {"L df<=10", 12.0},  {"L df<=2000", 75.0},  {"L df<=2000 far", 1050.0},
