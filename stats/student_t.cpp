@@ -66,9 +66,10 @@ double t_tail_expansion(double a, double log_x_inv) {
   const double ez = std::exp(-z);
   double g = kSqrtPi / std::sqrt(a) * lead;  // G_0
   double p = std::sqrt(L) * ez;              // L^(k + 1/2) exp(-z)
+  const double inv_a = 1.0 / a;
   double sum = 0.0;
   for (int k = 0; k + 1 < 24; ++k) {
-    g = ((k + 0.5) * g + p) / a;  // G_{k+1}
+    g = ((k + 0.5) * g + p) * inv_a;  // G_{k+1}
     p *= L;
     const double term = kTailSeries[k + 1] * g;
     sum += term;
