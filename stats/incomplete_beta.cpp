@@ -67,13 +67,13 @@ double beta_fraction(double a, double b, double x, double y, bool& ok) {
   ok = false;
   auto step = [&](double aa) {
     const double d_old = d;
-    const double c_old = c;
+    const double inv_c = 1.0 / c;
     double den = 1.0 + aa * d_old;
     if (std::fabs(den) < tiny) den = tiny;
-    c = 1.0 + aa / c_old;
+    c = 1.0 + aa * inv_c;
     if (std::fabs(c) < tiny) c = tiny;
     d = 1.0 / den;
-    const double delm1 = aa * (1.0 / c_old - d_old) * d;
+    const double delm1 = aa * (inv_c - d_old) * d;
     log_sum += log1p_small(delm1);
     return delm1;
   };

@@ -92,13 +92,13 @@ double upper_fraction(double a, double x, bool& ok) {
     const double an = -i * (i - a);
     b += 2.0;
     const double d_old = d;
-    const double c_old = c;
+    const double inv_c = 1.0 / c;
     double den = an * d_old + b;
     if (std::fabs(den) < tiny) den = tiny;
-    c = b + an / c_old;
+    c = b + an * inv_c;
     if (std::fabs(c) < tiny) c = tiny;
     d = 1.0 / den;
-    const double delm1 = an * (1.0 / c_old - d_old) * d;
+    const double delm1 = an * (inv_c - d_old) * d;
     log_sum += log1p_small(delm1);
     if (std::fabs(delm1) <= kTolerance) {
       ok = true;
