@@ -105,7 +105,8 @@ BetaProbabilities incomplete_beta(double a, double b, double x, double y) {
   const double ly = yy > 0.5 ? std::log1p(-xx) : std::log(yy);
   const double lead = std::exp(aa * lx + bb * ly + log_inverse_beta(aa, bb)) / aa;
   bool ok = true;
-  const double part = lead * beta_fraction(aa, bb, xx, yy, ok);
+  double part = lead * beta_fraction(aa, bb, xx, yy, ok);
+  if (part > 1.0) part = 1.0;  // a probability rounded beyond its bound
   if (direct) return {part, 1.0 - part, ok};
   return {1.0 - part, part, ok};
 }

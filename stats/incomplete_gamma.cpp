@@ -7,7 +7,8 @@
 // exp(-a (u - ln(1 + u))) / (sqrt(2 pi a) exp(stirling_remainder(a))) with
 // u = (x - a)/a.  For a > 1e10 the iteration limit would be reached near the
 // mean; there the Wilson-Hilferty cube-root normal approximation is returned
-// with converged = false.
+// with converged = false (true more than 40 standard deviations out, where
+// the probabilities are 0 and 1 exactly).
 #include "stats/incomplete_gamma.hpp"
 
 #include <algorithm>
@@ -58,6 +59,9 @@ double gamma_prefactor(double a, double x) {
   }
   return std::exp(a * std::log(x) - x - lg);
 }
+
+// A probability rounded a little beyond [0, 1] is put back at the bound.
+inline double clamp01(double v) { return v < 0.0 ? 0.0 : (v > 1.0 ? 1.0 : v); }
 
 // sum_{n>=0} x^n / ((a+1)...(a+n)); P = prefactor * sum.
 double series_sum(double a, double x, bool& ok) {
@@ -135,13 +139,15 @@ double log1pmx_neg(double u) {
 
 GammaProbabilities incomplete_gamma(double a, double x) {
   if (x <= 0.0) return {0.0, 1.0, true};
+  if (x == INFINITY) return {1.0, 0.0, true};
   if (a > 1e10) {
     // Wilson-Hilferty: (x/a)^(1/3) is nearly normal with mean 1 - 1/(9a),
     // variance 1/(9a).
     const double z = (std::cbrt(x / a) - (1.0 - 1.0 / (9.0 * a))) * std::sqrt(9.0 * a);
     const double c = 0.7071067811865475;
+    // More than 40 standard deviations out both tails are 0 and 1 exactly.
     return {0.5 * lbx::special::erfc_kernel(-z * c), 0.5 * lbx::special::erfc_kernel(z * c),
-            false};
+            std::fabs(z) > 40.0};
   }
   const double d = gamma_prefactor(a, x);
   if (a < 1.0 && x < 1.5) {
@@ -160,17 +166,17 @@ GammaProbabilities incomplete_gamma(double a, double x) {
     }
     t *= a;
     const double e = std::expm1(a * std::log(x) - lbx::special::log_gamma_1p_kernel(a));
-    return {p, -(e + t + e * t), ok};
+    return {clamp01(p), clamp01(-(e + t + e * t)), ok};
   }
   if (x < a + std::max(1.0, std::sqrt(a))) {
     // The series has positive terms and stays accurate up to a standard
     // deviation above the mean, where Q >= 0.15 still follows from 1 - P.
     bool ok = false;
-    const double p = d * series_sum(a, x, ok);
+    const double p = clamp01(d * series_sum(a, x, ok));
     return {p, 1.0 - p, ok};
   }
   bool ok = false;
-  const double q = d * a * upper_fraction(a, x, ok);
+  const double q = clamp01(d * a * upper_fraction(a, x, ok));
   return {1.0 - q, q, ok};
 }
 

@@ -78,6 +78,20 @@ double t_tail_expansion(double a, double log_x_inv) {
   return ratio * (lead + std::sqrt(a) / kSqrtPi * sum);
 }
 
+// The probability TAIL asks for, from the two-sided parts.
+double t_result(Tail which, double t, double both_tails, double central) {
+  switch (which) {
+    case Tail::significance:
+      return both_tails;
+    case Tail::confidence:
+      return central;
+    case Tail::upper:
+      return t >= 0.0 ? 0.5 * both_tails : 0.5 + 0.5 * central;
+    default:  // lower
+      return t >= 0.0 ? 0.5 + 0.5 * central : 0.5 * both_tails;
+  }
+}
+
 }  // namespace
 
 double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
@@ -92,6 +106,20 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
   }
   if (std::isnan(t)) return t;
   const double at = std::fabs(t);
+  double both_tails;  // P(|T| >= |t|)
+  double central;     // P(|T| <= |t|)
+  if (df > 1e20 || at == INFINITY) {
+    // Beyond 1e20 degrees of freedom the t distribution is the normal one to
+    // double precision (the first correction is about T^4/(4 DF) relative).
+    constexpr double c = 0.7071067811865475;  // 1/sqrt(2)
+    both_tails = lbx::special::erfc_kernel(at * c);
+    central = lbx::special::erf_kernel(at * c);
+    if (at == INFINITY) {
+      both_tails = 0.0;
+      central = 1.0;
+    }
+    return t_result(which, t, both_tails, central);
+  }
   double x;
   double y;
   if (at == 0.0) {
@@ -108,8 +136,6 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
   }
   const double a = 0.5 * df;
   const double log_x_inv = std::log1p(at / df * at);  // -ln x = ln(1 + T^2/DF)
-  double both_tails;  // P(|T| >= |t|)
-  double central;     // P(|T| <= |t|)
   if (a >= 25.0 && log_x_inv < 1.0 && a * log_x_inv > 0.75) {
     both_tails = t_tail_expansion(a, log_x_inv);
     central = 1.0 - both_tails;
@@ -118,16 +144,7 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
     both_tails = b.p;
     central = b.q;
   }
-  switch (which) {
-    case Tail::significance:
-      return both_tails;
-    case Tail::confidence:
-      return central;
-    case Tail::upper:
-      return t >= 0.0 ? 0.5 * both_tails : 0.5 + 0.5 * central;
-    default:  // lower
-      return t >= 0.0 ? 0.5 + 0.5 * central : 0.5 * both_tails;
-  }
+  return t_result(which, t, both_tails, central);
 }
 
 }  // namespace lbx::stats

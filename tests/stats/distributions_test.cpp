@@ -253,6 +253,47 @@ TEST(DistributionEdges, ChiSquaredBeyondTheSeriesLimit) {
   const double p = g01ecf('U', 3e10, 3e10, ifail);
   EXPECT_EQ(ifail, 4);
   EXPECT_NEAR(p, 0.5, 1e-5);
+  // Far out the probabilities are exact and there is nothing to report.
+  ifail = 1;
+  EXPECT_EQ(g01ecf('U', 1e300, 3e10, ifail), 0.0);
+  EXPECT_EQ(ifail, 0);
+  EXPECT_EQ(g01ecf('L', 1e300, 3e10, ifail), 1.0);
+  EXPECT_EQ(g01ecf('L', 1.0, 3e10, ifail), 0.0);
+  EXPECT_EQ(ifail, 0);
+}
+
+TEST(DistributionEdges, ExtremeArguments) {
+  int ifail = 1;
+  const double inf = std::numeric_limits<double>::infinity();
+  // Infinite statistics, huge and tiny degrees of freedom: probabilities,
+  // never NaN.
+  EXPECT_EQ(g01ebf('U', inf, 5.0, ifail), 0.0);
+  EXPECT_EQ(g01ebf('L', -inf, 5.0, ifail), 0.0);
+  EXPECT_EQ(g01ebf('C', inf, 5.0, ifail), 1.0);
+  EXPECT_EQ(g01ecf('U', inf, 5.0, ifail), 0.0);
+  EXPECT_EQ(g01ecf('L', inf, 5.0, ifail), 1.0);
+  EXPECT_EQ(ifail, 0);
+  // Beyond 1e20 degrees of freedom the normal distribution.
+  EXPECT_NEAR(g01ebf('U', 1.0, 1e30, ifail), 0.15865525393145705, 1e-16);
+  EXPECT_EQ(g01ebf('S', 1e200, 1e250, ifail), 0.0);
+  for (double df : {1.0, 1e5, 1e19, 1e25, 1e300}) {
+    for (double t : {-1e300, -1e20, -3.0, 1e-300, 2.0, 1e155}) {
+      for (char tail : {'L', 'U', 'S', 'C'}) {
+        const double p = g01ebf(tail, t, df, ifail);
+        EXPECT_TRUE(p >= 0.0 && p <= 1.0) << tail << " t=" << t << " df=" << df;
+        EXPECT_EQ(ifail, 0);
+      }
+    }
+  }
+  for (double df : {1e-300, 1e-100, 1e-10, 1.0, 1e8}) {
+    for (double x : {1e-300, 1e-10, 1.0, 1e8, 1e300}) {
+      for (char tail : {'L', 'U'}) {
+        const double p = g01ecf(tail, x, df, ifail);
+        EXPECT_TRUE(p >= 0.0 && p <= 1.0) << tail << " x=" << x << " df=" << df;
+        EXPECT_EQ(ifail, 0);
+      }
+    }
+  }
 }
 
 }  // namespace
