@@ -65,8 +65,9 @@ inline double erfc_positive(double a) {
   if (a <= 4.0) {
     r = horner(kErfcC, a) / horner(kErfcD, a);
   } else {
-    const double z = 1.0 / (a * a);
-    r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) / a;
+    const double inv_a = 1.0 / a;  // one division for both 1/a^2 and the final /a
+    const double z = inv_a * inv_a;
+    r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) * inv_a;
   }
   // exp(-y^2) for y = k/16 comes from the correctly rounded table.
   const int k = static_cast<int>(a * 16.0);
