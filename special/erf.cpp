@@ -53,24 +53,11 @@ inline double horner(const double (&c)[N], double t) {
   return s;
 }
 
-// x P(x^2)/Q(x^2) for |x| <= 0.46875, evaluated in extended precision
-// (64-bit significand on x86-64) and rounded once; erfc there is 1 minus it,
-// also rounded once.
-using Wide = long double;
-
-inline Wide erf_small_wide(double x) {
-  const Wide z = static_cast<Wide>(x) * x;
-  Wide p = kErfP[0];
-  Wide q = kErfQ[0];
-  for (int i = 1; i < 5; ++i) {
-    p = p * z + kErfP[i];
-    q = q * z + kErfQ[i];
-  }
-  return x * p / q;
+// x P(x^2)/Q(x^2) for |x| <= 0.46875.
+inline double erf_small(double x) {
+  const double z = x * x;
+  return x * horner(kErfP, z) / horner(kErfQ, z);
 }
-
-inline double erf_small(double x) { return static_cast<double>(erf_small_wide(x)); }
-inline double erfc_small(double x) { return static_cast<double>(1 - erf_small_wide(x)); }
 
 // erfc(a) for a > 0.46875 (a below the underflow limit 26.6).
 inline double erfc_positive(double a) {
@@ -95,7 +82,7 @@ double erfc_kernel(double x) {
   if (x >= 26.6) return 0.0;
   if (x <= -6.5) return 2.0;
   const double a = std::fabs(x);
-  if (a <= 0.46875) return erfc_small(x);
+  if (a <= 0.46875) return 1.0 - erf_small(x);
   if (!(a == a)) return x;
   const double e = erfc_positive(a);
   return x < 0.0 ? 2.0 - e : e;
