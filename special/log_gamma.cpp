@@ -55,15 +55,12 @@ constexpr double kStirling[7] = {
     5.7083835261e-03};
 constexpr double kLnSqrt2Pi = 0.9189385332046727417803297;  // ln sqrt(2 pi)
 
-// N(y)/D(y) built as in the published scheme, xnum = 0, xden = den0, then
-// xnum = xnum*y + p_i, xden = xden*y + q_i; in extended precision (64-bit
-// significand on x86-64), so that the evaluation adds little to the
-// approximations' own error.
-using Wide = long double;
-
-inline Wide ratio(const double (&p)[8], const double (&q)[8], double den0, Wide y) {
-  Wide num = 0;
-  Wide den = den0;
+// y N(y)/D(y) style ratio: numerator and denominator built as in the
+// published scheme, xnum = 0, xden = den0, then xnum = xnum*y + p_i,
+// xden = xden*y + q_i.
+inline double ratio(const double (&p)[8], const double (&q)[8], double den0, double y) {
+  double num = 0.0;
+  double den = den0;
   for (int i = 0; i < 8; ++i) {
     num = num * y + p[i];
     den = den * y + q[i];
@@ -77,7 +74,7 @@ double log_gamma_kernel(double x) {
   if (x <= lbx::machine::eps) return -std::log(x);
   if (x <= 1.5) {
     double corr;
-    Wide y;
+    double y;
     if (x < 0.6796875) {
       corr = -std::log(x);
       y = x;
@@ -86,18 +83,18 @@ double log_gamma_kernel(double x) {
       y = (x - 0.5) - 0.5;
     }
     if (x <= 0.5 || x >= 0.6796875) {
-      return static_cast<double>(corr + y * (kD1 + y * ratio(kP1, kQ1, 1.0, y)));
+      return corr + y * (kD1 + y * ratio(kP1, kQ1, 1.0, y));
     }
-    const Wide z = (x - 0.5) - 0.5;
-    return static_cast<double>(corr + z * (kD2 + z * ratio(kP2, kQ2, 1.0, z)));
+    const double z = (x - 0.5) - 0.5;
+    return corr + z * (kD2 + z * ratio(kP2, kQ2, 1.0, z));
   }
   if (x <= 4.0) {
-    const Wide y = x - 2.0;
-    return static_cast<double>(y * (kD2 + y * ratio(kP2, kQ2, 1.0, y)));
+    const double y = x - 2.0;
+    return y * (kD2 + y * ratio(kP2, kQ2, 1.0, y));
   }
   if (x <= 12.0) {
-    const Wide y = x - 4.0;
-    return static_cast<double>(kD4 + y * ratio(kP4, kQ4, -1.0, y));
+    const double y = x - 4.0;
+    return kD4 + y * ratio(kP4, kQ4, -1.0, y);
   }
   double s = 0.0;
   if (x <= 2.24e76) {
@@ -112,12 +109,9 @@ double log_gamma_kernel(double x) {
 }
 
 double log_gamma_1p_kernel(double a) {
-  if (a <= 0.5) {
-    const Wide y = a;
-    return static_cast<double>(y * (kD1 + y * ratio(kP1, kQ1, 1.0, y)));
-  }
-  const Wide y = a - 1.0;  // exact for 0.5 < a < 1
-  return static_cast<double>(y * (kD2 + y * ratio(kP2, kQ2, 1.0, y)));
+  if (a <= 0.5) return a * (kD1 + a * ratio(kP1, kQ1, 1.0, a));
+  const double y = a - 1.0;  // exact for 0.5 < a < 1
+  return y * (kD2 + y * ratio(kP2, kQ2, 1.0, y));
 }
 
 double S14ABFN(double x, lbx::Fail& fail) {
