@@ -55,10 +55,12 @@ double impl(F f, double x) {
 const auto kGammaSmall = spread(0.01, 10.0);
 const auto kGammaLarge = spread(10.0, 170.0);
 const auto kGammaNeg = spread(-20.0, -0.01);
-const auto kLogGamma = spread(0.01, 100.0);
+const auto kLogGammaSmall = spread(0.01, 12.0);
+const auto kLogGamma = spread(12.0, 100.0);
 const auto kLogGammaLarge = spread(100.0, 1e6);
 const auto kErfc = spread(-6.0, 27.0);
 const auto kErf = spread(-5.0, 5.0);
+const auto kErfSmall = spread(-0.46875, 0.46875);
 const auto kDawson = spread(-10.0, 10.0);
 const auto kNormal = spread(-8.0, 8.0);
 const auto kProb = spread(1e-12, 1.0 - 1e-12);
@@ -89,7 +91,9 @@ SPECIAL_BENCH(S14AAF_gamma_10_170, kGammaLarge, s14aaf_, lbx::special::S14AAFN,
               [](double x) { return std::tgamma(x); })
 SPECIAL_BENCH(S14AAF_gamma_neg20_0, kGammaNeg, s14aaf_, lbx::special::S14AAFN,
               [](double x) { return std::tgamma(x); })
-SPECIAL_BENCH(S14ABF_lgamma_0_100, kLogGamma, s14abf_, lbx::special::S14ABFN,
+SPECIAL_BENCH(S14ABF_lgamma_0_12, kLogGammaSmall, s14abf_, lbx::special::S14ABFN,
+              [](double x) { int s; return lgamma_r(x, &s); })
+SPECIAL_BENCH(S14ABF_lgamma_12_100, kLogGamma, s14abf_, lbx::special::S14ABFN,
               [](double x) { int s; return lgamma_r(x, &s); })
 SPECIAL_BENCH(S14ABF_lgamma_100_1e6, kLogGammaLarge, s14abf_, lbx::special::S14ABFN,
               [](double x) { int s; return lgamma_r(x, &s); })
@@ -97,6 +101,10 @@ SPECIAL_BENCH(S15ADF_erfc, kErfc, s15adf_, lbx::special::S15ADFN,
               [](double x) { return std::erfc(x); })
 SPECIAL_BENCH(S15AEF_erf, kErf, s15aef_, lbx::special::S15AEFN,
               [](double x) { return std::erf(x); })
+SPECIAL_BENCH(S15AEF_erf_small, kErfSmall, s15aef_, lbx::special::S15AEFN,
+              [](double x) { return std::erf(x); })
+SPECIAL_BENCH(S15ADF_erfc_small, kErfSmall, s15adf_, lbx::special::S15ADFN,
+              [](double x) { return std::erfc(x); })
 SPECIAL_BENCH(S15AFF_dawson_gsl, kDawson, s15aff_, lbx::special::S15AFFN,
               [](double x) { return gsl_sf_dawson(x); })
 
