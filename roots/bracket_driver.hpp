@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "roots/zero_engine.hpp"
+#include "roots/zero_engine_inline.hpp"
 
 namespace lbx::roots {
 
@@ -31,22 +32,26 @@ inline bool accepted(double f, double eta) { return f == 0.0 || std::fabs(f) < e
 // non-zero and not accepted, with opposite signs. eval(x) returns f(x).
 template <class Eval>
 DriverReport solve_known_bracket(double a, double fa, double b, double fb, double eps, double eta,
-                                 Eval&& eval, double& x)
+                                 Eval&& eval, double& x_out)
 {
+    // The search runs on locals (kept in registers across the calls of f);
+    // x_out receives the result.
     double c[10];
     c[0] = fa;
     double y = a;
-    x = b;
+    double x = b;
     double fx = fb;
     int ind = -1;
-    ZeroReport r = zero_engine_step(x, y, fx, eps, 1, c, ind);
+    ZeroReport r = zero_engine_step_inline(x, y, fx, eps, 1, c, ind);
     while (ind != 0) {
         fx = eval(x);
         if (accepted(fx, eta)) {
+            x_out = x;
             return {};
         }
-        r = zero_engine_step(x, y, fx, eps, 1, c, ind);
+        r = zero_engine_step_inline(x, y, fx, eps, 1, c, ind);
     }
+    x_out = x;
     DriverReport out;
     switch (r.status) {
     case ZeroStatus::ok:
