@@ -16,14 +16,37 @@ enum class DriverStatus {
     same_sign,    // f(A), f(B) of the same sign, both non-zero (v1 = f(A), v2 = f(B))
     eps_small,    // the bracket cannot shrink further (engine accuracy limit; v1 = EPS)
     pole,         // the final abs(f) exceeds both end values
-    engine_other, // any other engine failure (cannot occur with valid arguments)
+    engine_other, // any other engine failure (cannot occur: the driver's checks exclude
+                  // them); engine_ifail holds the engine's error number
 };
 
 struct DriverReport {
     DriverStatus status = DriverStatus::ok;
     double v1 = 0.0;
     double v2 = 0.0;
+    int engine_ifail = 0;
 };
+
+// The engine's error number for each failure status.
+inline int engine_error_number(ZeroStatus s)
+{
+    switch (s) {
+    case ZeroStatus::same_sign:
+        return 1;
+    case ZeroStatus::ind_invalid:
+        return 2;
+    case ZeroStatus::tolx_invalid:
+    case ZeroStatus::ir_invalid:
+        return 3;
+    case ZeroStatus::pole:
+        return 4;
+    case ZeroStatus::tolx_small:
+        return 5;
+    case ZeroStatus::ok:
+        break;
+    }
+    return 0;
+}
 
 // A value that ends the search at once: an exact zero, or abs(f) < eta.
 inline bool accepted(double f, double eta) { return f == 0.0 || std::fabs(f) < eta; }
@@ -65,6 +88,7 @@ DriverReport solve_known_bracket(double a, double fa, double b, double fb, doubl
         break;
     default:
         out.status = DriverStatus::engine_other;
+        out.engine_ifail = engine_error_number(r.status);
         break;
     }
     return out;

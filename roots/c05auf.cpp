@@ -22,6 +22,9 @@ void report(const SearchDriverReport& r, lbx::Fail& fail)
         return fail(Msg::EPS_TOO_SMALL, r.v1);
     case SearchDriverStatus::pole:
         return fail(Msg::POLE);
+    case SearchDriverStatus::engine_other:
+        // Passed on unchanged (the plain entry reports "Unexpected error").
+        return fail(lbx::Message<0>{r.engine_ifail, 0});
     }
 }
 

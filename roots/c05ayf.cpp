@@ -22,10 +22,12 @@ void report(const DriverReport& r, lbx::Fail& fail)
     case DriverStatus::eps_small:
         return fail(Msg::EPS_TOO_SMALL, r.v1);
     case DriverStatus::pole:
-    case DriverStatus::engine_other:
-        // engine_other cannot occur: the driver's own checks exclude every
-        // other engine failure. It is reported as the nearest cause.
         return fail(Msg::POLE);
+    case DriverStatus::engine_other:
+        // Passed on unchanged: the error number is the engine's, with a
+        // message code of none of the routine's messages, so the plain entry
+        // reports "Unexpected error".
+        return fail(lbx::Message<0>{r.engine_ifail, 0});
     }
 }
 

@@ -20,11 +20,13 @@ enum class SearchDriverStatus {
     no_sign_change, // v1, v2 the last interval searched
     eps_small,      // v1 = EPS
     pole,
+    engine_other,   // cannot occur; engine_ifail holds the engine's error number
 };
 
 struct SearchDriverReport {
     SearchDriverStatus status = SearchDriverStatus::ok;
     double v1 = 0.0, v2 = 0.0;
+    int engine_ifail = 0;
 };
 
 template <class Eval>
@@ -82,8 +84,12 @@ SearchDriverReport search_and_solve(double& x, double h, double eps, double eta,
         out.status = SearchDriverStatus::eps_small;
         out.v1 = eps;
         break;
-    default:
+    case DriverStatus::pole:
         out.status = SearchDriverStatus::pole;
+        break;
+    default:
+        out.status = SearchDriverStatus::engine_other;
+        out.engine_ifail = d.engine_ifail;
         break;
     }
     return out;
