@@ -58,7 +58,7 @@ DriverReport solve_known_bracket(double a, double fa, double b, double fb, doubl
                                  Eval&& eval, double& x_out)
 {
     // The search runs on locals (kept in registers across the calls of f);
-    // x_out receives the result.
+    // x_out receives each point before f is called there, and the result.
     double c[10];
     c[0] = fa;
     double y = a;
@@ -67,9 +67,9 @@ DriverReport solve_known_bracket(double a, double fa, double b, double fb, doubl
     int ind = -1;
     ZeroReport r = zero_engine_step_inline(x, y, fx, eps, 1, c, ind);
     while (ind != 0) {
+        x_out = x;
         fx = eval(x);
         if (accepted(fx, eta)) {
-            x_out = x;
             return {};
         }
         r = zero_engine_step_inline(x, y, fx, eps, 1, c, ind);
