@@ -182,7 +182,9 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
         ind = 2; // fx = f(x0) supplied
     }
 
-    const int phase = static_cast<int>(c[kPhase]);
+    // The phase (read by comparison: a damaged array gives the IND error).
+    const double ph = c[kPhase];
+    const int phase = ph == 0.0 ? 0 : ph == 1.0 ? 1 : ph == 2.0 ? 2 : ph == 3.0 ? 3 : -1;
     if (ind == 2 && phase == 0) {
         if (fx == 0.0) {
             ind = 0;

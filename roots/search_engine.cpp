@@ -135,7 +135,8 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
         // ind == -1: fx = f(x0) is supplied; continue below.
     }
 
-    const int side = static_cast<int>(c[kSide]);
+    // The pending request (read by comparison: a damaged array stays harmless).
+    const int side = c[kSide] > 0.0 ? 1 : (c[kSide] < 0.0 ? -1 : 0);
     if (side == 0) {
         // The value at the starting point.
         c[kF0] = c[kFr] = c[kFl] = fx;

@@ -725,3 +725,42 @@ TEST(Continuation, InterleavedSearchesMatchSequentialRuns)
 }
 
 } // namespace
+
+namespace {
+
+// A re-entry with an array the routine never filled must not crash: the
+// continuation reports the IND error, the search and the bracketing engine
+// return some request or finish.
+TEST(DamagedState, ReentryWithAnUnfilledArray)
+{
+    using namespace lbx::roots;
+    double cx[26];
+    for (double& v : cx) {
+        v = kNaN;
+    }
+    double x = 1.0;
+    int ind = 4;
+    ContinuationReport r = continuation_step(x, 1.0, 1e-8, 0, 1e-3, cx, ind);
+    EXPECT_EQ(r.status, ContinuationStatus::ind_invalid);
+    EXPECT_EQ(ind, 0);
+
+    double cv[11];
+    for (double& v : cv) {
+        v = kNaN;
+    }
+    double y = 0.0;
+    ind = 2;
+    const SearchReport s = search_engine_step(x, 1.0, 1.0, -1.0, 1.0, y, cv, ind);
+    EXPECT_TRUE(s.status == SearchStatus::ok || s.status == SearchStatus::no_sign_change);
+
+    double cz[10];
+    for (double& v : cz) {
+        v = kNaN;
+    }
+    ind = 4;
+    const ZeroReport z = zero_engine_step(x, y, 1.0, 1e-8, 1, cz, ind);
+    EXPECT_TRUE(ind == 0 || ind == 4);
+    (void)z;
+}
+
+} // namespace
