@@ -90,8 +90,12 @@ inline ZeroReport finish_at_zero(double& x, double& y, int& ind)
         ind = 4;
         return {};
     }
-    // 5. Accuracy limit of the arithmetic.
-    if (lbx::machine::eps * std::fabs(b) >= std::fabs(m)) {
+    // 5. Accuracy limit of the arithmetic: eps abs(b) >= abs(m). Written so
+    //    that a half-width that is not finite (an infinite or NaN end point,
+    //    which no bisection can shrink) also ends here instead of iterating
+    //    for ever.
+    const double am = std::fabs(m);
+    if (!(lbx::machine::eps * std::fabs(b) < am && am <= lbx::machine::huge)) {
         x = b;
         y = c;
         ind = 0;

@@ -420,6 +420,24 @@ TEST(ZeroDriver, NaNAtAnEndCountsAsNonPositive)
     EXPECT_EQ(r.v2, -1.25);
 }
 
+TEST(ZeroDriver, NonFiniteEndsTerminate)
+{
+    // A NaN or infinite end gives a half-width that is not finite: the
+    // search ends at the accuracy limit at once instead of running for ever.
+    const double inf = std::numeric_limits<double>::infinity();
+    struct Case {
+        double a, b;
+    };
+    const Case cases[] = {{kNaN, 1.0}, {-inf, 1.0}, {0.0, inf}, {-inf, inf}};
+    for (const Case& k : cases) {
+        Counted f{[](double x) { return std::atan(x - 0.5); }};
+        double x = 0.0;
+        const DriverReport r = solve_interval(k.a, k.b, 1e-10, 0.0, f, x);
+        EXPECT_EQ(r.status, DriverStatus::eps_small) << k.a << " " << k.b;
+        EXPECT_EQ(f.n, 2) << k.a << " " << k.b;
+    }
+}
+
 TEST(ZeroDriver, EtaStopsBeforeThePoleTest)
 {
     Counted f{[](double x) { return std::exp(x) - 2.0; }};
