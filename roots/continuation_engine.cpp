@@ -15,7 +15,8 @@
 // current and the new point, which guarantees convergence from there on. The
 // search ends successfully when an accepted step is within the tolerance, and
 // fails when rho falls below 2^-30 or a rejected step is within the tolerance
-// (f has a local minimum of abs(f) there, not a zero).
+// (f has a local minimum of abs(f) there, not a zero). A step that would leave
+// the finite numbers is shortened by halving rho.
 //
 // Layout of the communication array (Fortran numbering C(1) .. C(26)):
 //   C(1)  .. C(10)  the bracketing engine's array, once a sign change is found
@@ -53,17 +54,29 @@ ContinuationReport failure(ContinuationStatus s, int& ind)
     return r;
 }
 
-// Propose the next continuation point from the stored state.
-ContinuationReport propose(double& x, double tol, int ir, double* c, int& ind)
+// Propose the next continuation point from the stored state. A step that
+// would leave the finite numbers is shortened by halving rho; when rho falls
+// below its minimum the continuation has failed.
+ContinuationReport propose(double& x, double* c, int& ind)
 {
-    (void)tol;
-    (void)ir;
     const double t = c[kFx] / c[kF0];
-    const double target = t * (1.0 - c[kRho]);
-    const double step = -(c[kFx] - target * c[kF0]) / c[kS];
-    x = c[kX] + step;
-    ind = 4;
-    return {};
+    for (;;) {
+        const double target = t * (1.0 - c[kRho]);
+        const double step = -(c[kFx] - target * c[kF0]) / c[kS];
+        x = c[kX] + step;
+        if (std::isfinite(x)) {
+            ind = 4;
+            return {};
+        }
+        if (c[kRho] * 0.5 < kRhoMin) {
+            x = c[kX];
+            ContinuationReport r = failure(ContinuationStatus::no_progress, ind);
+            r.v1 = t;
+            r.v2 = x;
+            return r;
+        }
+        c[kRho] *= 0.5;
+    }
 }
 
 // Hand the bracket [xcur, xnew] to the bracketing engine.
@@ -127,7 +140,7 @@ ContinuationReport continuation_value(double& x, double fx, double tol, int ir, 
             return {};
         }
         c[kRho] = std::fmin(1.0, 2.0 * c[kRho]);
-        return propose(x, tol, ir, c, ind);
+        return propose(x, c, ind);
     }
     // Rejected.
     if (std::fabs(dx) <= tolerance(tol, ir, xcur) || c[kRho] * 0.5 < kRhoMin) {
@@ -141,7 +154,7 @@ ContinuationReport continuation_value(double& x, double fx, double tol, int ir, 
         c[kS] = q;
     }
     c[kRho] *= 0.5;
-    return propose(x, tol, ir, c, ind);
+    return propose(x, c, ind);
 }
 
 } // namespace
@@ -220,7 +233,7 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
             c[kX] = x;
             c[kFx] = fx;
         }
-        return propose(x, tol, ir, c, ind);
+        return propose(x, c, ind);
     }
     if (ind == 4 && phase == 2) {
         return continuation_value(x, fx, tol, ir, c, ind);

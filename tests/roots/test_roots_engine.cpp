@@ -665,6 +665,23 @@ TEST(Continuation, FailuresAndLimits)
     EXPECT_EQ(e.n, 1);
 }
 
+TEST(Continuation, RunawayToInfinityFails)
+{
+    // 1/x from X = 1: every step doubles X. The continuation never asks for
+    // a value at an infinite point and ends with the IFAIL = 2 failure.
+    double x = 1.0, c[26];
+    int ind = 1, calls = 0;
+    ContinuationReport r = continuation_step(x, 0.0, 1e-10, 0, 1e-3, c, ind);
+    while (ind != 0 && calls < 5000) {
+        ASSERT_TRUE(std::isfinite(x));
+        ++calls;
+        r = continuation_step(x, 1.0 / x, 1e-10, 0, 1e-3, c, ind);
+    }
+    EXPECT_EQ(ind, 0);
+    EXPECT_EQ(r.status, ContinuationStatus::no_progress);
+    EXPECT_TRUE(std::isfinite(x));
+}
+
 TEST(Continuation, ReverseCommunicationChecks)
 {
     struct Case {
