@@ -2,7 +2,7 @@
 """Comparison table of bench/roots.cpp: C05AYF against GSL's Brent solver.
 
 Usage:
-  build-bench/bench/bench_roots --benchmark_repetitions=5 \
+  build-bench/bench/bench_roots --benchmark_repetitions=15 \
       --benchmark_enable_random_interleaving=true --benchmark_format=json > roots.json
   python3 tools/roots_bench_table.py roots.json            # markdown table
   python3 tools/roots_bench_table.py --evals roots.json    # tests/data/roots_battery_evals.txt
