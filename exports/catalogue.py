@@ -77,6 +77,7 @@ class Arg:
     plain_value: str | None = None  # extras only
     position: str = "end"           # extras only
     proc: "Procedure | None" = None
+    adapter_of: "Arg | None" = None   # set on the adapter argument a traced entry adds
 
     @property
     def is_array(self) -> bool:
