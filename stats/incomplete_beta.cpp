@@ -24,28 +24,36 @@ inline double log1p_small(double d) {
 
 constexpr int kMaxIterations = 1000000;
 
-// ln Gamma(a + b) - ln Gamma(a) - ln Gamma(b).
-double log_inverse_beta(double a, double b) {
+// a ln x + b ln y + ln Gamma(a + b) - ln Gamma(a) - ln Gamma(b), the
+// logarithm of x^a y^b / B(a, b); lx and ly are ln x and ln y.
+double log_beta_factor(double a, double b, double x, double y, double lx, double ly) {
   const double big = std::max(a, b);
-  const double small = std::min(a, b);
+  const double s = std::min(a, b);
   if (big < 10.0) {
     using lbx::special::log_gamma_kernel;
-    return log_gamma_kernel(a + b) - log_gamma_kernel(a) - log_gamma_kernel(b);
+    return a * lx + b * ly +
+           (log_gamma_kernel(a + b) - log_gamma_kernel(a) - log_gamma_kernel(b));
   }
   // ln Gamma(s + B) - ln Gamma(B) by Stirling's form: with
   // ln Gamma(z) = (z - 1/2) ln z - z + ln sqrt(2 pi) + r(z),
   // the difference is s ln(s + B) - s + (B - 1/2) ln(1 + s/B) + r(s + B) - r(B).
-  const double s = small;
+  // The term s ln(s + B) joins s ln v (v the variable paired with s) as
+  // s ln(v (s + B)), so that two large logarithms do not cancel.
   const double sum = s + big;
-  double ratio = s * std::log(sum) - s + (big - 0.5) * std::log1p(s / big) +
-                 stirling_remainder(sum) - stirling_remainder(big);
+  const bool a_small = a <= b;
+  const double v = a_small ? x : y;
+  const double lv = a_small ? lx : ly;
+  const double other = a_small ? b * ly : a * lx;
+  const double joined = v <= 0.5 ? std::log(v * sum) : lv + std::log(sum);
+  double r = s * joined - s + (big - 0.5) * std::log1p(s / big) +
+             stirling_remainder(sum) - stirling_remainder(big);
   if (s >= 10.0) {
     // ln Gamma(s) by the same form.
-    ratio -= (s - 0.5) * std::log(s) - s + 0.91893853320467274 + stirling_remainder(s);
+    r -= (s - 0.5) * std::log(s) - s + 0.91893853320467274 + stirling_remainder(s);
   } else {
-    ratio -= lbx::special::log_gamma_kernel(s);
+    r -= lbx::special::log_gamma_kernel(s);
   }
-  return ratio;
+  return other + r;
 }
 
 // Continued fraction for I_x(a, b) / (x^a y^b / (a B(a, b))), modified
@@ -103,7 +111,7 @@ BetaProbabilities incomplete_beta(double a, double b, double x, double y) {
   // Logarithms of x and y without forming 1 - y or 1 - x again.
   const double lx = xx > 0.5 ? std::log1p(-yy) : std::log(xx);
   const double ly = yy > 0.5 ? std::log1p(-xx) : std::log(yy);
-  const double lead = std::exp(aa * lx + bb * ly + log_inverse_beta(aa, bb)) / aa;
+  const double lead = std::exp(log_beta_factor(aa, bb, xx, yy, lx, ly)) / aa;
   bool ok = true;
   double part = lead * beta_fraction(aa, bb, xx, yy, ok);
   if (part > 1.0) part = 1.0;  // a probability rounded beyond its bound
