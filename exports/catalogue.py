@@ -182,6 +182,9 @@ def parse_arg(text: str, routine: str, extra: bool = False) -> Arg:
     if not m:
         raise _fail(routine, f"cannot read argument '{text}'")
     typ, name = m.group("type"), m.group("name")
+    if name.endswith("_") or name in ("ERRBUF",):
+        # Generated locals end in "_"; ERRBUF belongs to the traced entry.
+        raise _fail(routine, f"argument name {name} is reserved")
     words = m.group("rest").split()
     arg = Arg(name=name, type=typ, plain_value=value, position=position)
     if typ.startswith("character"):

@@ -207,16 +207,16 @@ def dim_length(a: Arg) -> str:
 def trace_line(a: Arg, value: str | None = None) -> str:
     n = cstr(a.name)
     if a.type == "procedure":
-        return f"t.procedure({n}, reinterpret_cast<const void*>({a.lname}));"
+        return f"trace_.procedure({n}, reinterpret_cast<const void*>({a.lname}));"
     if a.type == "ifail":
-        return f"t.integer({n}, *{a.lname});"
+        return f"trace_.integer({n}, *{a.lname});"
     if a.is_array:
-        return f"t.array({n}, {dim_length(a)});"
+        return f"trace_.array({n}, {dim_length(a)});"
     if a.is_char:
         ln = f"{a.lname}_len" if a.char_len == "*" else f"std::min<std::size_t>({a.char_len}, {a.lname}_len)"
-        return f"t.character({n}, std::string_view({a.lname}, {ln}));"
+        return f"trace_.character({n}, std::string_view({a.lname}, {ln}));"
     kind = {"integer": "integer", "real": "real", "logical": "logical"}[a.type]
-    return f"t.{kind}({n}, *{a.lname});"
+    return f"trace_.{kind}({n}, *{a.lname});"
 
 
 def traced_entry(r: Routine) -> str:
@@ -226,7 +226,7 @@ def traced_entry(r: Routine) -> str:
     tname = r.name + "T"
     impl_args = [impl_value(a, r.name) for a in r.impl_args()]
     if r.has_ifail:
-        impl_args.append("fail")
+        impl_args.append("fail_")
     call = f"lbx::{r.chapter}::{r.impl}({', '.join(impl_args)})"
     if r.result == "logical":
         call = f"({call} ? 1 : 0)"
@@ -235,33 +235,33 @@ def traced_entry(r: Routine) -> str:
     on_exit = [trace_line(a) for a in traced]
     L = [f"// {tname}: traced entry of {r.name}.\n",
          f'extern "C" LBX_API {res} {tname.lower()}_({params})\n{{\n']
-    L.append("    const bool tracing = lbx::frame::tracing();\n")
-    L.append("    if (tracing) {\n"
-             f"        lbx::frame::TraceFrame t({cstr(tname)}, lbx::frame::TraceFrame::on_entry);\n")
+    L.append("    const bool tracing_ = lbx::frame::tracing();\n")
+    L.append("    if (tracing_) [[unlikely]] {\n"
+             f"        lbx::frame::TraceFrame trace_({cstr(tname)}, lbx::frame::TraceFrame::on_entry);\n")
     L += [f"        {s}\n" for s in on_entry]
     L.append("    }\n")
     if r.result:
-        L.append(f"    {res} result{{}};\n")
-    target = "result = " if r.result else ""
+        L.append(f"    {res} result_{{}};\n")
+    target = "result_ = " if r.result else ""
     if r.has_ifail:
         ifail = next(a for a in r.args if a.type == "ifail").lname
-        L.append(f"    lbx::Fail fail(errbuf, *{ifail});\n"
+        L.append(f"    lbx::Fail fail_(errbuf, *{ifail});\n"
                  f"    try {{\n        {target}{call};\n    }} catch (...) {{\n"
-                 f"        fail.exception();\n    }}\n    fail.finish();\n")
+                 f"        fail_.exception();\n    }}\n    fail_.finish();\n")
     else:
         L.append(f"    {target}{call};\n")
-    L.append("    if (tracing) {\n"
-             f"        lbx::frame::TraceFrame t({cstr(tname)}, lbx::frame::TraceFrame::on_exit);\n")
+    L.append("    if (tracing_) [[unlikely]] {\n"
+             f"        lbx::frame::TraceFrame trace_({cstr(tname)}, lbx::frame::TraceFrame::on_exit);\n")
     if r.result:
         kind = {"integer": "integer", "real": "real", "logical": "logical"}[r.result]
-        L.append(f"        t.{kind}({cstr(tname)}, result);\n")
+        L.append(f"        trace_.{kind}({cstr(tname)}, result_);\n")
     L += [f"        {s}\n" for s in on_exit]
     if r.has_ifail:
-        L.append('        t.character("ERRBUF", lbx::frame::errbuf_text(errbuf));\n'
-                 f'        t.integer("IFAIL", *{ifail});\n')
+        L.append('        trace_.character("ERRBUF", lbx::frame::errbuf_text(errbuf));\n'
+                 f'        trace_.integer("IFAIL", *{ifail});\n')
     L.append("    }\n")
     if r.result:
-        L.append("    return result;\n")
+        L.append("    return result_;\n")
     L.append("}\n")
     L.append(alias(tname, res, params))
     return "".join(L)
@@ -277,9 +277,9 @@ def plain_entry(r: Routine) -> str:
     for s in tslots:
         a = s.arg
         if s.role == "errbuf":
-            call.append("errbuf")
+            call.append("errbuf_")
         elif s.role == "ifail":
-            call.append("&ifail_local" if r.has_ifail else s.name)
+            call.append("&ifail_" if r.has_ifail else s.name)
         elif a in r.extras:
             if s.role == "adapter":
                 call.append(f"&{a.proc.adapter.lower()}_")
@@ -308,20 +308,21 @@ def plain_entry(r: Routine) -> str:
             call.append(f"sizeof({s.arg.lname}_value) - 1")
         else:
             call.append(f"{s.name}_len")
-    target = f"{res} result = " if r.result else ""
+    target = f"{res} result_ = " if r.result else ""
     L = [f"// {r.name}: {r.purpose}.\n",
          f'extern "C" LBX_API {res} {r.name.lower()}_({params})\n{{\n']
     L += locals_
     if r.has_ifail:
         ifail = next(a for a in r.args if a.type == "ifail").lname
-        L.append("    char errbuf[lbx::errbuf_length];\n    int ifail_local = 0;\n")
+        L.append("    char errbuf_[lbx::errbuf_length];\n    int ifail_ = 0;\n")
         L.append(f"    {target}{r.name.lower()}t_({', '.join(call)});\n")
-        L.append(f"    *{ifail} = lbx::frame::plain_exit(*{ifail}, ifail_local, errbuf, "
+        L.append(f"    if (ifail_ == 0) [[likely]]\n        *{ifail} = 0;\n    else\n"
+                 f"        *{ifail} = lbx::frame::plain_exit(*{ifail}, ifail_, errbuf_, "
                  f"{cstr(r.name)}, {r.name}_messages);\n")
     else:
         L.append(f"    {target}{r.name.lower()}t_({', '.join(call)});\n")
     if r.result:
-        L.append("    return result;\n")
+        L.append("    return result_;\n")
     L.append("}\n")
     L.append(alias(r.name, res, params))
     return "".join(L)

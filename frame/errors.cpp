@@ -17,12 +17,6 @@ namespace {
 constexpr char separator = '\x01';
 }
 
-Fail::Fail(char* errbuf, int& ifail) noexcept : buf_(errbuf), ifail_(ifail)
-{
-    buf_[0] = '\0';
-    ifail_ = 0;
-}
-
 void Fail::begin(int ifail, int code, int count) noexcept
 {
     std::memset(buf_, ' ', errbuf_length);
@@ -96,8 +90,6 @@ void Fail::exception() noexcept
         (*this)(UNEXPECTED_EXCEPTION);
     }
 }
-
-void Fail::finish() noexcept { buf_[errbuf_length - 1] = '\0'; }
 
 }  // namespace lbx
 

@@ -35,7 +35,11 @@ inline constexpr Message<0> UNEXPECTED_EXCEPTION{-99, 99990};
 class Fail {
 public:
     // Clears the indicator and marks the buffer empty (first byte NUL).
-    Fail(char* errbuf, int& ifail) noexcept;
+    Fail(char* errbuf, int& ifail) noexcept : buf_(errbuf), ifail_(ifail)
+    {
+        buf_[0] = '\0';
+        ifail_ = 0;
+    }
     Fail(const Fail&) = delete;
     Fail& operator=(const Fail&) = delete;
 
@@ -53,7 +57,7 @@ public:
     // Reports the exception in flight (allocation failure or anything else).
     void exception() noexcept;
     // Sets the 200th byte to NUL, as on every return.
-    void finish() noexcept;
+    void finish() noexcept { buf_[errbuf_length - 1] = '\0'; }
 
 private:
     void begin(int ifail, int code, int count) noexcept;
