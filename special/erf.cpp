@@ -93,7 +93,9 @@ double erf_kernel(double x) {
   if (a <= 0.46875) return erf_small(x);
   if (a > 10.0) return x < 0.0 ? -1.0 : 1.0;
   if (!(a == a)) return x;
-  const double r = (0.5 - erfc_positive(a)) + 0.5;
+  // One rounding: 1 - E is never worse than (0.5 - E) + 0.5, which rounds
+  // twice for E < 0.25.
+  const double r = 1.0 - erfc_positive(a);
   return x < 0.0 ? -r : r;
 }
 
