@@ -3,10 +3,12 @@
 // With a = DF/2, x = DF/(DF + T^2) and y = T^2/(DF + T^2):
 // P(|T| >= |t|) = I_x(a, 1/2) and P(|T| <= |t|) = I_y(1/2, a), both from one
 // evaluation of the regularised incomplete beta function, so that each tail
-// keeps its relative accuracy.  For DF >= 50 and 0.75 < a ln(1 + T^2/DF),
-// ln(1 + T^2/DF) < 1 (the region where the continued fraction would run next
-// to the mean and cancel about log10(DF) digits) the tail comes from an
-// expansion in incomplete gamma functions of half-integer order instead.
+// keeps its relative accuracy.  For DF >= 50 and ln(1 + T^2/DF) < 1 the
+// two-tailed probability comes from an expansion in incomplete gamma
+// functions of half-integer order instead (next to the mean of a large a the
+// continued fraction would cancel about log10(DF) digits, and elsewhere the
+// expansion is the faster); only the central probability of a small |T|
+// (a ln(1 + T^2/DF) <= 0.75) keeps the incomplete beta function.
 #include <cmath>
 
 #include "gen/stats.hpp"
@@ -47,6 +49,23 @@ constexpr double kTailSeries[24] = {
     -1.0363862910759544e-19,
 };
 
+// Gamma(a + 1/2)/(Gamma(a) sqrt(a)) = sum_k r_k a^-k, the asymptotic series
+// (tools/gamma_ratio_series.py); for a >= 25 twelve terms leave 2e-20.
+constexpr double kGammaHalfRatio[12] = {
+    1.0,
+    -0.125,
+    0.0078125,
+    0.0048828125,
+    -0.000640869140625,
+    -0.001522064208984375,
+    0.0002071857452392578,
+    0.0011719763278961182,
+    -0.0001557529903948307,
+    -0.0016715728561393917,
+    0.00021717708659707569,
+    0.003820047111275926,
+};
+
 // I_x(a, 1/2) with L = -ln x = ln(1 + T^2/DF), for a >= 25 and L < 1.
 // Substituting w = exp(-v) in the beta integral and expanding
 // sqrt(v/(1 - exp(-v))) = sum c_k v^k gives
@@ -57,20 +76,19 @@ constexpr double kTailSeries[24] = {
 double t_tail_expansion(double a, double log_x_inv) {
   const double L = log_x_inv;
   const double z = a * L;
-  // Gamma(a + 1/2)/(Gamma(a) sqrt(a)) through Stirling's form: its logarithm is
-  // a ln(1 + 1/(2a)) - 1/2 + r(a + 1/2) - r(a).
-  const double ratio = std::exp(a * std::log1p(0.5 / a) - 0.5 +
-                                stirling_remainder(a + 0.5) - stirling_remainder(a));
+  const double inv_a = 1.0 / a;
+  double ratio = kGammaHalfRatio[11];
+  for (int i = 10; i >= 0; --i) ratio = ratio * inv_a + kGammaHalfRatio[i];
   const double lead = lbx::special::erfc_kernel(std::sqrt(z));
   constexpr double kSqrtPi = 1.7724538509055160;
   const double ez = std::exp(-z);
   double g = kSqrtPi / std::sqrt(a) * lead;  // G_0
-  double p = std::sqrt(L) * ez;              // L^(k + 1/2) exp(-z)
-  const double inv_a = 1.0 / a;
+  double q = std::sqrt(L) * ez * inv_a;      // L^(k + 1/2) exp(-z)/a
   double sum = 0.0;
   for (int k = 0; k + 1 < 24; ++k) {
-    g = ((k + 0.5) * g + p) * inv_a;  // G_{k+1}
-    p *= L;
+    // G_{k+1}, with the factor (k + 1/2)/a formed off the recurrence's chain.
+    g = ((k + 0.5) * inv_a) * g + q;
+    q *= L;
     const double term = kTailSeries[k + 1] * g;
     sum += term;
     if (std::fabs(term) <= 1e-18 * (lead + std::fabs(sum))) break;
@@ -136,7 +154,12 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
   }
   const double a = 0.5 * df;
   const double log_x_inv = std::log1p(at / df * at);  // -ln x = ln(1 + T^2/DF)
-  if (a >= 25.0 && log_x_inv < 1.0 && a * log_x_inv > 0.75) {
+  // The expansion gives the two-tailed probability to a few ULPs for any
+  // aL > 0; only the central probability of a small |T| (aL <= 0.75, where it
+  // is small and 1 - P(|T| >= |t|) would lose its leading digits) needs the
+  // incomplete beta function.
+  if (a >= 25.0 && log_x_inv > 0.0 && log_x_inv < 1.0 &&
+      (a * log_x_inv > 0.75 || which != Tail::confidence)) {
     both_tails = t_tail_expansion(a, log_x_inv);
     central = 1.0 - both_tails;
   } else {
