@@ -1,6 +1,6 @@
 // Regularised incomplete beta function.
 //
-// The continued fraction of I_x(a, b) (modified Lentz), used for the
+// The continued fraction of I_x(a, b) (forward recurrences), used for the
 // argument below the mean, x < (a + 1)/(a + b + 2), and through
 // I_x(a, b) = 1 - I_y(b, a) otherwise.  The factor x^a y^b / (a B(a, b)) is
 // formed on the logarithmic scale; for a or b >= 10 the gamma ratios go
@@ -15,24 +15,6 @@
 
 namespace lbx::stats {
 namespace {
-
-// ln(1 + d) for the factors of a converging fraction: two terms of the
-// series below 1e-6, eleven below 1/32 (the rest is under |d|^12/12 < 1e-19,
-// and the alternating sum is good to an ULP or two of |d|), the library
-// logarithm otherwise.  After the first step or two most factors fall in the
-// series' range, where the polynomial costs a fraction of a logarithm.
-inline double log1p_small(double d) {
-  const double ad = std::fabs(d);
-  if (ad < 1e-6) return d - 0.5 * d * d;
-  if (ad < 0.03125) {
-    constexpr double c[11] = {1.0 / 11, -1.0 / 10, 1.0 / 9, -1.0 / 8, 1.0 / 7, -1.0 / 6,
-                              1.0 / 5,  -1.0 / 4,  1.0 / 3, -1.0 / 2, 1.0};
-    double s = c[0];
-    for (int i = 1; i < 11; ++i) s = s * d + c[i];
-    return s * d;
-  }
-  return std::log1p(d);
-}
 
 constexpr int kMaxIterations = 1000000;
 
@@ -68,45 +50,60 @@ double log_beta_factor(double a, double b, double x, double y, double lx, double
   return other + r;
 }
 
-// Continued fraction for I_x(a, b) / (x^a y^b / (a B(a, b))), modified
-// Lentz.  As for the incomplete gamma function, the product of the factors
-// is kept as the sum of their logarithms, each formed from its exact
-// difference from 1.
+// Continued fraction for I_x(a, b) / (x^a y^b / (a B(a, b))),
+//   K = 1/(1 + e/(1 + d_1/(1 + d_2/(1 + ...)))),  e = -(a + b) x/(a + 1),
+// by the forward recurrences of its convergents K_n = A_n/B_n
+// (A_n = A_(n-1) + d A_(n-2), likewise B_n), so that no division sits on the
+// loop's dependency chain.  The relative change of the convergent,
+// |W_n|/|A_n B_(n-1)| with W_n = A_n B_(n-1) - A_(n-1) B_n = -d W_(n-1), is
+// formed without cancellation and ends the loop below 1e-17 for both steps
+// of a pass.  A, B and W are rescaled by powers of two (exactly) when the
+// convergent's terms leave [2^-300, 2^300].
 double beta_fraction(double a, double b, double x, double y, bool& ok) {
-  constexpr double tiny = 1e-300;
   const double qab = a + b;
   const double qap = a + 1.0;
   const double qam = a - 1.0;
   // 1 - (a + b) x / (a + 1), through y when x is near 1.
-  double first = x > 0.5 ? (1.0 - b + qab * y) / qap : 1.0 - qab * x / qap;
-  if (std::fabs(first) < tiny) first = tiny;
-  double c = 1.0;
-  double d = 1.0 / first;
-  const double log_start = -std::log(std::fabs(first));
-  double log_sum = 0.0;
+  const double first = x > 0.5 ? (1.0 - b + qab * y) / qap : 1.0 - qab * x / qap;
+  // A_1 = B_1 = 1, A_2 = 1, B_2 = 1 + e.
+  double a_prev = 1.0;  // A_(n-1), B_(n-1)
+  double b_prev = 1.0;
+  double a_cur = 1.0;  // A_n, B_n
+  double b_cur = first;
+  double w = qab * x / qap;  // W_2 = -e
   ok = false;
-  auto step = [&](double aa) {
-    const double d_old = d;
-    const double inv_c = 1.0 / c;
-    double den = 1.0 + aa * d_old;
-    if (std::fabs(den) < tiny) den = tiny;
-    c = 1.0 + aa * inv_c;
-    if (std::fabs(c) < tiny) c = tiny;
-    d = 1.0 / den;
-    const double delm1 = aa * (inv_c - d_old) * d;
-    log_sum += log1p_small(delm1);
-    return delm1;
+  // One step with partial numerator d; true when the change is negligible.
+  auto step = [&](double d) {
+    const double a_next = a_cur + d * a_prev;
+    const double b_next = b_cur + d * b_prev;
+    w = -d * w;
+    const bool small = std::fabs(w) <= 1e-17 * std::fabs(a_next * b_cur);
+    a_prev = a_cur;
+    b_prev = b_cur;
+    a_cur = a_next;
+    b_cur = b_next;
+    return small;
   };
   for (int m = 1; m <= kMaxIterations; ++m) {
     const int m2 = 2 * m;
-    const double e1 = step(m * (b - m) * x / ((qam + m2) * (a + m2)));
-    const double e2 = step(-(a + m) * (qab + m) * x / ((a + m2) * (qap + m2)));
-    if (std::fabs(e1) <= 1e-17 && std::fabs(e2) <= 1e-17) {
+    const bool s1 = step(m * (b - m) * x / ((qam + m2) * (a + m2)));
+    const bool s2 = step(-(a + m) * (qab + m) * x / ((a + m2) * (qap + m2)));
+    if (s1 && s2) {
       ok = true;
       break;
     }
+    const double big = std::max(std::fabs(a_cur), std::fabs(b_cur));
+    if (big > 0x1p300 || big < 0x1p-300) {
+      int e;
+      std::frexp(big, &e);
+      a_prev = std::ldexp(a_prev, -e);
+      b_prev = std::ldexp(b_prev, -e);
+      a_cur = std::ldexp(a_cur, -e);
+      b_cur = std::ldexp(b_cur, -e);
+      w = std::ldexp(w, -2 * e);
+    }
   }
-  return std::exp(log_start + log_sum);
+  return a_cur / b_cur;
 }
 
 }  // namespace
