@@ -82,8 +82,9 @@ double t_tail_expansion(double a, double log_x_inv) {
   const double lead = lbx::special::erfc_kernel(std::sqrt(z));
   constexpr double kSqrtPi = 1.7724538509055160;
   const double ez = std::exp(-z);
-  double g = kSqrtPi / std::sqrt(a) * lead;  // G_0
-  double q = std::sqrt(L) * ez * inv_a;      // L^(k + 1/2) exp(-z)/a
+  const double sqrt_a = std::sqrt(a);
+  double g = kSqrtPi / sqrt_a * lead;  // G_0
+  double q = std::sqrt(L) * ez * inv_a;  // L^(k + 1/2) exp(-z)/a
   const double L2 = L * L;
   double sum = 0.0;
   // Two terms per pass: G_{k+1} = alpha_k G_k + q_k and, straight from G_k,
@@ -104,7 +105,8 @@ double t_tail_expansion(double a, double log_x_inv) {
     q *= L2;
     if (std::fabs(t2) <= 1e-18 * (lead + std::fabs(sum))) break;
   }
-  return ratio * (lead + std::sqrt(a) / kSqrtPi * sum);
+  constexpr double kInvSqrtPi = 0.5641895835477563;
+  return ratio * (lead + sqrt_a * kInvSqrtPi * sum);
 }
 
 // The probability TAIL asks for, from the two-sided parts.
@@ -149,20 +151,6 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
     }
     return t_result(which, t, both_tails, central);
   }
-  double x;
-  double y;
-  if (at == 0.0) {
-    x = 1.0;
-    y = 0.0;
-  } else if (at <= 1e150 && df <= 1e300) {
-    const double s = df + at * at;
-    x = df / s;
-    y = at * at / s;
-  } else {  // scaled so that nothing overflows
-    const double w = df / at;
-    x = w / (at + w);
-    y = at / (at + w);
-  }
   const double a = 0.5 * df;
   // -ln x = ln(1 + T^2/DF), needed (and formed) only for a >= 25.
   const double log_x_inv = a >= 25.0 ? std::log1p(at / df * at) : 0.0;
@@ -175,6 +163,20 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
     both_tails = t_tail_expansion(a, log_x_inv);
     central = 1.0 - both_tails;
   } else {
+    double x;
+    double y;
+    if (at == 0.0) {
+      x = 1.0;
+      y = 0.0;
+    } else if (at <= 1e150 && df <= 1e300) {
+      const double s = df + at * at;
+      x = df / s;
+      y = at * at / s;
+    } else {  // scaled so that nothing overflows
+      const double w = df / at;
+      x = w / (at + w);
+      y = at / (at + w);
+    }
     const BetaProbabilities b = incomplete_beta(a, 0.5, x, y);
     both_tails = b.p;
     central = b.q;
