@@ -1,0 +1,68 @@
+// Run-time support of the generated plain and traced entries.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace lbx::frame {
+
+// One (error number, message code) pair of a routine and its record templates;
+// "{k}" in a template inserts value field k with its blanks stripped.
+struct MessageText {
+    int ifail;
+    int code;
+    const char* const* records;
+    int nrecords;
+};
+
+// Steps after the traced entry returns: on success the error exit with error
+// number 0; otherwise split ERRBUF, build the records of the routine's pair
+// (or "Unexpected error" and -99) and hand them to the error exit.  Returns
+// what the caller's IFAIL receives.
+int plain_exit(int ifail_on_entry, int error, const char* errbuf, std::string_view srname,
+               std::span<const MessageText> table);
+
+// The records of a coded message as the plain entry writes them; error is
+// replaced by -99 when the pair is not in the table.  Exposed for tests.
+int format_records(int error, const char* errbuf, std::span<const MessageText> table,
+                   char (*records)[80], int& nrecords);
+
+// A CHARACTER*1 option: its first character, or a blank for a zero-length string.
+inline char option_char(const char* s, std::size_t len) { return len > 0 ? s[0] : ' '; }
+
+// A CHARACTER input of declared length (0 = assumed, the caller's length); never
+// reads beyond the caller's length.
+inline std::string_view char_in(const char* s, std::size_t len, std::size_t declared)
+{
+    return {s, declared == 0 || declared > len ? len : declared};
+}
+
+inline std::span<char> char_out(char* s, std::size_t len, std::size_t declared)
+{
+    return {s, declared == 0 || declared > len ? len : declared};
+}
+
+// Call tracing.
+extern int trace_switch;
+inline bool tracing() { return trace_switch != 0; }
+
+// One entry or exit frame: the header lines on construction, the closing
+// lines on destruction, an argument line per call in between.
+class TraceFrame {
+public:
+    enum Kind { on_entry, on_exit };
+    TraceFrame(std::string_view routine, Kind kind);
+    ~TraceFrame();
+    TraceFrame(const TraceFrame&) = delete;
+    TraceFrame& operator=(const TraceFrame&) = delete;
+
+    void integer(std::string_view name, int v);
+    void real(std::string_view name, double v);
+    void logical(std::string_view name, int v);
+    void character(std::string_view name, std::string_view v);
+    void array(std::string_view name, long length);
+    void procedure(std::string_view name, const void* address);
+};
+
+}  // namespace lbx::frame

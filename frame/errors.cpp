@@ -1,0 +1,275 @@
+// Coded messages: the writer (lbx::Fail), the splitter P01ABTN, the plain
+// entry's record builder and the error exit P01ABF.
+#include "frame/errors.hpp"
+
+#include <cfenv>
+#include <cstdio>
+#include <cstring>
+#include <new>
+
+#include "frame/entry.hpp"
+#include "frame/fail.hpp"
+#include "frame/units.hpp"
+
+namespace lbx {
+
+namespace {
+constexpr char separator = '\x01';
+}
+
+Fail::Fail(char* errbuf, int& ifail) noexcept : buf_(errbuf), ifail_(ifail)
+{
+    buf_[0] = '\0';
+    ifail_ = 0;
+}
+
+void Fail::begin(int ifail, int code, int count) noexcept
+{
+    std::memset(buf_, ' ', errbuf_length);
+    pos_ = 0;
+    buf_[pos_++] = separator;
+    char text[16];
+    std::snprintf(text, sizeof text, "%5d", ifail);
+    field(text);
+    std::snprintf(text, sizeof text, "%5d", code);
+    field(text);
+    std::snprintf(text, sizeof text, "%5d", count);
+    field(text);
+    ifail_ = ifail;
+}
+
+// Appends one field and its closing separator; a field that would not fit
+// is left out (the count then disagrees and the plain entry reports an
+// unexpected error rather than a wrong value).
+void Fail::field(std::string_view text) noexcept
+{
+    if (pos_ + static_cast<int>(text.size()) + 1 > errbuf_length - 1)
+        return;
+    std::memcpy(buf_ + pos_, text.data(), text.size());
+    pos_ += static_cast<int>(text.size());
+    buf_[pos_++] = separator;
+}
+
+void Fail::add(int v) noexcept
+{
+    char text[16];
+    std::snprintf(text, sizeof text, "%11d", v);
+    field(text);
+}
+
+void Fail::add(double v) noexcept
+{
+    char text[32];
+    if (v != v) {
+        std::snprintf(text, sizeof text, "%22s", "NaN");
+    } else if (v == __builtin_inf() || v == -__builtin_inf()) {
+        std::snprintf(text, sizeof text, "%22s", v > 0 ? "Infinity" : "-Infinity");
+    } else {
+        // Three-digit exponents of negative values would take 23 characters:
+        // one decimal fewer keeps the field at 22.
+        int n = std::snprintf(text, sizeof text, "%22.15E", v);
+        if (n > 22)
+            std::snprintf(text, sizeof text, "%22.14E", v);
+    }
+    field(text);
+}
+
+void Fail::add(char v) noexcept { field(std::string_view(&v, 1)); }
+
+void Fail::add(std::string_view v) noexcept
+{
+    // The separator cannot appear inside a field.
+    char text[errbuf_length];
+    std::size_t n = 0;
+    for (char c : v.substr(0, errbuf_length - 8))
+        text[n++] = (c == separator) ? ' ' : c;
+    field(std::string_view(text, n));
+}
+
+void Fail::exception() noexcept
+{
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        (*this)(ALLOC_FAILED);
+    } catch (...) {
+        (*this)(UNEXPECTED_EXCEPTION);
+    }
+}
+
+void Fail::finish() noexcept { buf_[errbuf_length - 1] = '\0'; }
+
+}  // namespace lbx
+
+namespace lbx::frame {
+
+namespace {
+
+// A list-directed read of one integer: optional blanks, sign and digits,
+// ended by the end of the field, a blank, a comma or a slash.
+bool read_integer(const char* f, int& value)
+{
+    int i = 0;
+    while (i < field_length && f[i] == ' ')
+        ++i;
+    bool negative = false;
+    if (i < field_length && (f[i] == '+' || f[i] == '-'))
+        negative = f[i++] == '-';
+    long long v = 0;
+    int digits = 0;
+    while (i < field_length && f[i] >= '0' && f[i] <= '9') {
+        v = v * 10 + (f[i++] - '0');
+        if (v > 2147483648LL)
+            return false;
+        ++digits;
+    }
+    if (digits == 0)
+        return false;
+    if (i < field_length && f[i] != ' ' && f[i] != ',' && f[i] != '/')
+        return false;
+    v = negative ? -v : v;
+    if (v > 2147483647LL)
+        return false;
+    value = static_cast<int>(v);
+    return true;
+}
+
+std::string_view stripped(const char* f, int n)
+{
+    int b = 0, e = n;
+    while (b < e && (f[b] == ' ' || f[b] == '\0'))
+        ++b;
+    while (e > b && (f[e - 1] == ' ' || f[e - 1] == '\0'))
+        --e;
+    return {f + b, static_cast<std::size_t>(e - b)};
+}
+
+void set_record(char (&rec)[record_length], std::string_view text)
+{
+    std::memset(rec, ' ', record_length);
+    std::memcpy(rec, text.data(), std::min<std::size_t>(text.size(), record_length));
+}
+
+}  // namespace
+
+void P01ABTN(const char* errbuf, int& code, char (&fields)[max_fields][field_length], int& status)
+{
+    code = 0;
+    status = status_ok;
+    std::memset(fields, ' ', sizeof fields);
+    if (errbuf[0] != separator) {
+        status = status_malformed;
+        return;
+    }
+    int last = errbuf_length - 1;
+    while (last >= 0 && (errbuf[last] == ' ' || errbuf[last] == '\0'))
+        --last;
+    if (last <= 0 || errbuf[last] != separator) {
+        status = status_malformed;
+        return;
+    }
+    int nfields = 0;
+    for (int start = 1; start <= last && nfields < max_fields;) {
+        int end = start;
+        while (end <= last && errbuf[end] != separator)
+            ++end;
+        // Cut to 80 characters, then left-justified.
+        std::string_view f(errbuf + start, std::min(end - start, field_length));
+        while (!f.empty() && f.front() == ' ')
+            f.remove_prefix(1);
+        std::memcpy(fields[nfields], f.data(), f.size());
+        ++nfields;
+        start = end + 1;
+    }
+    int error = 0, count = 0;
+    if (nfields < 3 || !read_integer(fields[0], error) || !read_integer(fields[1], code) ||
+        !read_integer(fields[2], count)) {
+        status = status_malformed;
+        return;
+    }
+    if (nfields != count + 3)
+        status = status_inconsistent;
+}
+
+int format_records(int error, const char* errbuf, std::span<const MessageText> table,
+                   char (*records)[record_length], int& nrecords)
+{
+    int code = 0, status = 0;
+    char fields[max_fields][field_length];
+    P01ABTN(errbuf, code, fields, status);
+    const MessageText* m = nullptr;
+    if (status == status_ok) {
+        for (const MessageText& t : table)
+            if (t.ifail == error && t.code == code)
+                m = &t;
+    }
+    if (m == nullptr) {
+        char text[64];
+        std::snprintf(text, sizeof text, " ** Unexpected error (%5d,%5d)", error, code);
+        set_record(records[0], text);
+        nrecords = 1;
+        return -99;
+    }
+    nrecords = m->nrecords;
+    for (int r = 0; r < m->nrecords; ++r) {
+        char text[4 * record_length];
+        std::size_t n = 0;
+        for (const char* p = m->records[r]; *p && n < sizeof text; ++p) {
+            int slot = 0;
+            const char* q = p + 1;
+            if (*p == '{') {
+                while (*q >= '0' && *q <= '9')
+                    slot = slot * 10 + (*q++ - '0');
+            }
+            if (*p == '{' && *q == '}' && slot >= 1 && slot + 2 < max_fields) {
+                std::string_view v = stripped(fields[slot + 2], field_length);
+                for (char c : v)
+                    if (n < sizeof text)
+                        text[n++] = c;
+                p = q;
+            } else {
+                text[n++] = *p;
+            }
+        }
+        set_record(records[r], std::string_view(text, n));
+    }
+    return error;
+}
+
+int plain_exit(int ifail_on_entry, int error, const char* errbuf, std::string_view srname,
+               std::span<const MessageText> table)
+{
+    if (error == 0)
+        return P01ABF(ifail_on_entry, 0, srname, 0, nullptr);
+    char records[max_records][record_length];
+    int nrecords = 0;
+    int number = format_records(error, errbuf, table, records, nrecords);
+    return P01ABF(ifail_on_entry, number, srname, nrecords, records);
+}
+
+int P01ABF(int ifail, int error, std::string_view srname, int nrecords,
+           const char (*records)[record_length])
+{
+    if (error == 0)
+        return 0;
+    const bool hard = ifail == 0;
+    const bool quiet = ifail == 1 || ifail < -1 || ifail > 1;
+    if (quiet)
+        return error;
+    int unit = 0;
+    X04AAFN(0, unit);
+    for (int r = 0; r < nrecords; ++r)
+        X04BAFN(unit, std::string_view(records[r], record_length));
+    char line[73];
+    std::snprintf(line, sizeof line, " ** ABNORMAL EXIT from TSL Library routine %.*s: IFAIL =%6d",
+                  static_cast<int>(srname.size()), srname.data(), error);
+    X04BAFN(unit, line);
+    if (hard) {
+        X04BAFN(unit, " ** TSL hard failure - execution terminated");
+        stop_process();
+    }
+    X04BAFN(unit, " ** TSL soft failure - control returned");
+    return error;
+}
+
+}  // namespace lbx::frame

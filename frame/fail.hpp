@@ -1,0 +1,72 @@
+// Failure reporting of an implementation: the coded message in ERRBUF.
+//
+// A coded message is a sequence of fields, each preceded and followed by the
+// separator byte 1: the error number and the message code right-justified in
+// 5, the count k of value fields, then the k values (integers right-justified
+// in 11, reals in a 22-wide exponent form with 15 decimals, text as is).  The
+// rest of the 200-character buffer is blank.  An implementation reports with
+// fail(MESSAGE, values...); the message constants come from the catalogue, and
+// the count of values is checked when the implementation is compiled.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace lbx {
+
+// A Fortran LOGICAL: a 32-bit word, true when bit 0 is set.
+using Logical = std::int32_t;
+
+inline constexpr int errbuf_length = 200;
+
+// A catalogue message: error number and message code, quoting K values.
+template <int K>
+struct Message {
+    int ifail;
+    int code;
+};
+
+// Frame messages every routine with IFAIL can raise.
+inline constexpr Message<0> ALLOC_FAILED{-999, 99991};
+// An exception other than allocation failure escaped an implementation; no
+// routine defines this pair, so the caller sees "Unexpected error" and -99.
+inline constexpr Message<0> UNEXPECTED_EXCEPTION{-99, 99990};
+
+class Fail {
+public:
+    // Clears the indicator and marks the buffer empty (first byte NUL).
+    Fail(char* errbuf, int& ifail) noexcept;
+    Fail(const Fail&) = delete;
+    Fail& operator=(const Fail&) = delete;
+
+    template <int K, class... V>
+    void operator()(const Message<K>& m, const V&... values) noexcept
+    {
+        static_assert(sizeof...(V) == K, "value count differs from the message's slots");
+        begin(m.ifail, m.code, K);
+        (add(values), ...);
+    }
+
+    bool failed() const noexcept { return ifail_ != 0; }
+    int ifail() const noexcept { return ifail_; }
+
+    // Reports the exception in flight (allocation failure or anything else).
+    void exception() noexcept;
+    // Sets the 200th byte to NUL, as on every return.
+    void finish() noexcept;
+
+private:
+    void begin(int ifail, int code, int count) noexcept;
+    void add(int v) noexcept;
+    void add(double v) noexcept;
+    void add(char v) noexcept;
+    void add(std::string_view v) noexcept;
+    void add(const char* v) noexcept { add(std::string_view(v)); }
+    void field(std::string_view text) noexcept;
+
+    char* buf_;
+    int& ifail_;
+    int pos_ = 0;
+};
+
+}  // namespace lbx

@@ -1,0 +1,81 @@
+// X04AAF, X04ABF (unit numbers), X04BAF (write a record), X04BBF (read one).
+//
+// On Linux every record for a unit of zero or more is written through the
+// Fortran runtime: a unit the caller has not connected is connected by the
+// runtime's own default (file fort.N), and the preconnected units 5 and 6 are
+// standard input and output.  There is no output window on this platform.
+#include "frame/units.hpp"
+
+#include <cfenv>
+#include <cstdio>
+
+#include "frame/fail.hpp"
+
+extern "C" {
+void lbx_unit_write(int unit, const char* rec, int n);
+void lbx_unit_read(int unit, char* buf, int n, int* ios);
+[[noreturn]] void lbx_process_stop();
+}
+
+namespace lbx::frame {
+
+int error_unit = 6;
+int advisory_unit = 6;
+
+void X04AAFN(int iflag, int& nerr)
+{
+    if (iflag == 0)
+        nerr = error_unit;
+    else if (iflag == 1)
+        error_unit = nerr;
+}
+
+void X04ABFN(int iflag, int& nadv)
+{
+    if (iflag == 0)
+        nadv = advisory_unit;
+    else if (iflag == 1)
+        advisory_unit = nadv;
+}
+
+void X04BAFN(int nout, std::string_view rec)
+{
+    if (nout < 0)
+        return;
+    std::size_t len = rec.size();
+    while (len >= 2 && rec[len - 1] == ' ')
+        --len;
+    // A C caller's own buffered output comes first.
+    std::fflush(stdout);
+    if (len == 0)
+        lbx_unit_write(nout, " ", 1);
+    else
+        lbx_unit_write(nout, rec.data(), static_cast<int>(len));
+}
+
+void call_writer(const X04BAF_WRITERProc& writer, int nout, std::string_view rec)
+{
+    writer(nout, rec);
+}
+
+void X04BBFN(int nin, std::span<char> recin, lbx::Fail& fail)
+{
+    if (nin < 0)
+        return;
+    int ios = 0;
+    lbx_unit_read(nin, recin.data(), static_cast<int>(recin.size()), &ios);
+    if (ios < 0)
+        fail(X04BBF_msg::END_OF_FILE);
+    else if (ios > 0)
+        fail(X04BBF_msg::READ_ERROR, nin);
+}
+
+void stop_process()
+{
+    std::fflush(stdout);
+    // The runtime's stop would otherwise report raised floating-point flags.
+    std::feclearexcept(FE_ALL_EXCEPT);
+    lbx_process_stop();
+}
+
+}  // namespace lbx::frame

@@ -1,0 +1,44 @@
+! Record input/output and the process stop, done by the Fortran runtime itself,
+! so that a unit the caller opened and the library's records on that unit are
+! one and the same file, and a hard failure stops like a Fortran STOP.
+module lbx_units
+  use, intrinsic :: iso_c_binding, only: c_int, c_char
+  implicit none
+  private
+contains
+
+  ! Writes rec(1:n) as one record on unit with the plain character edit.
+  subroutine unit_write(unit, rec, n) bind(C, name="lbx_unit_write")
+    integer(c_int), value :: unit, n
+    character(kind=c_char), intent(in) :: rec(n)
+    character(len=n) :: line
+    integer :: i, ios
+    do i = 1, n
+      line(i:i) = rec(i)
+    end do
+    write (unit, '(A)', iostat=ios) line
+    flush (unit, iostat=ios)
+  end subroutine unit_write
+
+  ! Reads one record into buf(1:n): shorter records are blank-padded, longer
+  ! ones cut.  ios: 0, negative at end of file, positive on an error.
+  subroutine unit_read(unit, buf, n, ios) bind(C, name="lbx_unit_read")
+    integer(c_int), value :: unit, n
+    character(kind=c_char), intent(inout) :: buf(n)
+    integer(c_int), intent(out) :: ios
+    character(len=n) :: line
+    integer :: i, st
+    read (unit, '(A)', iostat=st) line
+    ios = st
+    if (st == 0) then
+      do i = 1, n
+        buf(i) = line(i:i)
+      end do
+    end if
+  end subroutine unit_read
+
+  subroutine process_stop() bind(C, name="lbx_process_stop")
+    stop
+  end subroutine process_stop
+
+end module lbx_units

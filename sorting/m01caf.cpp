@@ -1,0 +1,33 @@
+// M01CAF: sorts rv(m1..m2) in place, ascending or descending.
+//
+// Checks, in order: M2 >= 1, M1 >= 1, M1 <= M2, ORDER one of A, a, D, d; the
+// vector is untouched on failure.  The result is bit for bit that of the
+// reference quicksort followed, for descending order, by a reversal of the
+// segment; elements outside the segment are never touched.
+#include <algorithm>
+
+#include "gen/sorting.hpp"
+#include "sorting/quicksort.hpp"
+
+namespace lbx::sorting {
+
+void M01CAFN(double* rv, int m1, int m2, char order, lbx::Fail& fail)
+{
+    using namespace M01CAF_msg;
+    if (m2 < 1)
+        return fail(M2_LT_1, m2);
+    if (m1 < 1)
+        return fail(M1_LT_1, m1);
+    if (m1 > m2)
+        return fail(M1_GT_M2, m1, m2);
+    const bool ascending = order == 'A' || order == 'a';
+    if (!ascending && order != 'D' && order != 'd')
+        return fail(BAD_ORDER, order);
+    if (m1 == m2)
+        return;
+    sort_ascending(rv, m1, m2);
+    if (!ascending)
+        std::reverse(rv + (m1 - 1), rv + m2);
+}
+
+}  // namespace lbx::sorting

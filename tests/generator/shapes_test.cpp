@@ -1,0 +1,237 @@
+// Every catalogue shape, generated, compiled and called through its layers
+// with the Fortran convention: argument order, hidden lengths, extras,
+// adapters, user arrays, results and the -999 path.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <new>
+#include <string>
+
+#include "gen/shapes.hpp"
+
+// The generated entries of the shapes catalogue (declared here as a C caller would).
+extern "C" {
+double z99aaf_(const double* x, int* ifail);
+double z99aaft_(const double* x, char* errbuf, int* ifail, std::size_t errbuf_len);
+void z99abf_(const double* a, lbx::shapes::Z99ABF_FFn f, double* fx, int* iuser, double* ruser, int* ifail);
+void z99acft_(const int* sorder, const int* n, double* a, char* errbuf, int* ifail, std::size_t);
+void z99acf_(const int* n, double* a, int* ifail);
+void z99adf_(const int* n, int* info);
+void z99adft_(const int* call_vendor, const int* sorder, const int* n, int* info);
+void z99aef_(const int* n, int* state, double* x, int* ifail);
+void z99aff_(const char* order, char* text, int* flag, std::size_t order_len, std::size_t text_len);
+int z99agf_();
+int z99agfn_();
+int Z99AGFN();
+void z99ahf_(lbx::shapes::Z99AHF_FFn f, const double* x, double* fx, int* ifail);
+int z99aif_(const char* key, lbx::shapes::Z99AIF_SAYFn say, int* ifail, std::size_t key_len);
+void y90gcft_(const int* itrace);
+}
+
+namespace lbx::shapes {
+
+// Implementations that record what reached them.
+namespace seen {
+int sorder = -1, call_vendor = -1, lstate = -1;
+std::string text;
+const int* iuser = nullptr;
+bool throw_bad_alloc = false;
+}  // namespace seen
+
+double Z99AAFN(double x, lbx::Fail& fail)
+{
+    if (seen::throw_bad_alloc)
+        throw std::bad_alloc();
+    if (x < 0)
+        fail(Z99AAF_msg::X_NEGATIVE, x, 0.0);
+    return 2 * x;
+}
+
+void Z99ABFN(double a, const Z99ABF_FProc& f, double& fx, int* iuser, double* ruser, lbx::Fail&)
+{
+    seen::iuser = iuser;
+    fx = f(a, iuser, ruser);
+}
+
+void Z99ACFN(int n, double* a, lbx::Fail&)
+{
+    for (int i = 0; i < n; ++i)
+        a[i] += 1;
+}
+
+void Z99ADFN(bool call_vendor, int sorder, int n, int& info)
+{
+    seen::call_vendor = call_vendor;
+    seen::sorder = sorder;
+    info = -n;
+}
+
+void Z99AEFN(int, int*, double*, int lstate, lbx::Fail& fail)
+{
+    seen::lstate = lstate;
+    if (lstate < 20)
+        fail(Z99AEF_msg::LSTATE_SMALL, lstate, 20);
+}
+
+void Z99AFFN(char order, std::span<char> text, lbx::Logical& flag)
+{
+    std::memset(text.data(), '*', text.size());
+    text[0] = order;
+    flag = flag & 1 ? 0 : 1;
+}
+
+int Z99AGFN() { return 42; }
+
+void Z99AHFN(const Z99AHF_FProc& f, double x, double& fx, int* iuser, double* ruser, lbx::Fail&)
+{
+    fx = f(x) + iuser[0] + ruser[0];
+}
+
+bool Z99AIFN(std::string_view key, const Z99AIF_SAYProc& say, lbx::Fail&)
+{
+    seen::text = std::string(key);
+    say("hello", 5);
+    return key == "KEYS";
+}
+
+}  // namespace lbx::shapes
+
+namespace {
+
+using namespace lbx::shapes;
+
+double square_plus_user(const double* x, int* iuser, double* ruser)
+{
+    ++iuser[0];
+    return *x * *x + ruser[0];
+}
+
+double cube(const double* x) { return *x * *x * *x; }
+
+std::string said;
+void say(const char* text, const int* n, std::size_t len) { said = std::string(text, len) + "/" + std::to_string(*n); }
+
+TEST(Shapes, FunctionResultAndQuietFailure)
+{
+    double x = 1.5;
+    int ifail = 1;
+    EXPECT_EQ(z99aaf_(&x, &ifail), 3.0);
+    EXPECT_EQ(ifail, 0);
+    x = -1;
+    ifail = 1;
+    EXPECT_EQ(z99aaf_(&x, &ifail), -2.0);
+    EXPECT_EQ(ifail, 3);
+}
+
+TEST(Shapes, TracedEntryUsesTwoHundredCharactersWhateverLengthArrives)
+{
+    char errbuf[201];
+    std::memset(errbuf, 'Z', sizeof errbuf);
+    int ifail = 99;
+    double x = -4;
+    z99aaft_(&x, errbuf, &ifail, 7);
+    EXPECT_EQ(ifail, 3);
+    EXPECT_EQ(errbuf[0], '\x01');
+    EXPECT_EQ(errbuf[199], '\0');
+    EXPECT_EQ(errbuf[200], 'Z');  // nothing beyond the 200 characters
+    EXPECT_EQ(errbuf[198], ' ');  // blank after the last separator
+}
+
+TEST(Shapes, AllocationFailureIsMinus999)
+{
+    seen::throw_bad_alloc = true;
+    double x = 1;
+    int ifail = 1;
+    z99aaf_(&x, &ifail);
+    seen::throw_bad_alloc = false;
+    EXPECT_EQ(ifail, -999);
+}
+
+TEST(Shapes, AdapterPassesUserArraysUnchanged)
+{
+    int iuser[3] = {0, 7, 9};
+    double ruser[2] = {0.25, 0};
+    double a = 3, fx = 0;
+    int ifail = 0;
+    z99abf_(&a, &square_plus_user, &fx, iuser, ruser, &ifail);
+    EXPECT_EQ(fx, 9.25);
+    EXPECT_EQ(iuser[0], 1);
+    EXPECT_EQ(seen::iuser, iuser);
+}
+
+TEST(Shapes, LeadingExtraReachesTracedEntryNotImplementation)
+{
+    double a[2] = {1, 2};
+    int n = 2, ifail = 0;
+    z99acf_(&n, a, &ifail);
+    EXPECT_EQ(a[1], 3.0);
+    int sorder = 5;
+    char errbuf[200];
+    z99acft_(&sorder, &n, a, errbuf, &ifail, 200);
+    EXPECT_EQ(a[0], 3.0);
+}
+
+TEST(Shapes, VendorFlagAndOrderComeFirstAndInfoReports)
+{
+    int n = 4, info = 0;
+    z99adf_(&n, &info);
+    EXPECT_EQ(seen::call_vendor, 0);
+    EXPECT_EQ(seen::sorder, 1);
+    EXPECT_EQ(info, -4);
+    int vendor = 3, sorder = 2;  // only bit 0 of a LOGICAL counts
+    z99adft_(&vendor, &sorder, &n, &info);
+    EXPECT_EQ(seen::call_vendor, 1);
+    EXPECT_EQ(seen::sorder, 2);
+    vendor = 2;
+    z99adft_(&vendor, &sorder, &n, &info);
+    EXPECT_EQ(seen::call_vendor, 0);
+}
+
+TEST(Shapes, TrailingExtraTakesThePlainEntrysValue)
+{
+    int n = 1, state[1] = {16}, ifail = 1;
+    double x[1];
+    z99aef_(&n, state, x, &ifail);
+    EXPECT_EQ(seen::lstate, 19);
+    EXPECT_EQ(ifail, 4);
+}
+
+TEST(Shapes, CharacterLengthsFollowAllArguments)
+{
+    char text[6];
+    int flag = 0;
+    z99aff_("Dx", text, &flag, 2, 6);
+    EXPECT_EQ(std::string(text, 6), "D*****");
+    EXPECT_EQ(flag, 1);
+    std::memset(text, '#', sizeof text);
+    z99aff_("", text, &flag, 0, 3);  // a zero-length option reads as a blank
+    EXPECT_EQ(std::string(text, 6), " **###");
+    EXPECT_EQ(flag, 0);
+}
+
+TEST(Shapes, ExportedImplementation)
+{
+    EXPECT_EQ(z99agf_(), 42);
+    EXPECT_EQ(z99agfn_(), 42);
+    EXPECT_EQ(::Z99AGFN(), 42);
+}
+
+TEST(Shapes, PlainEntryPassesDummyUserArrays)
+{
+    double x = 2, fx = 0;
+    int ifail = 0;
+    z99ahf_(&cube, &x, &fx, &ifail);
+    EXPECT_EQ(fx, 8.0);
+}
+
+TEST(Shapes, LogicalResultDeclaredLengthAndCharacterCallback)
+{
+    int ifail = 0;
+    EXPECT_EQ(z99aif_("KEYSTONE", &say, &ifail, 8), 1);  // declared length 4: "KEYS"
+    EXPECT_EQ(seen::text, "KEYS");
+    EXPECT_EQ(said, "hello/5");
+    EXPECT_EQ(z99aif_("KE", &say, &ifail, 2), 0);  // never reads past the caller's length
+    EXPECT_EQ(seen::text, "KE");
+}
+
+}  // namespace

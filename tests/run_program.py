@@ -1,0 +1,45 @@
+#!/usr/bin/env python3
+"""Runs a caller program the way a user does and judges its output.
+
+Usage: run_program.py PROGRAM STEM
+
+The program runs in a fresh empty working folder.  It passes when its exit
+status equals the number in STEM.status (0 if absent), no line of its
+standard output starts with "FAIL", and, when STEM.out exists, its standard
+output equals that file byte for byte.
+"""
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+
+def main() -> int:
+    program, stem = Path(sys.argv[1]).resolve(), Path(sys.argv[2])
+    status_file, out_file = stem.with_suffix(".status"), stem.with_suffix(".out")
+    want_status = int(status_file.read_text()) if status_file.exists() else 0
+    with tempfile.TemporaryDirectory() as work:
+        run = subprocess.run([str(program)], cwd=work, capture_output=True, timeout=300)
+    out = run.stdout.decode("latin-1")
+    problems = []
+    if run.returncode != want_status:
+        problems.append(f"exit status {run.returncode}, expected {want_status}")
+    fails = [l for l in out.splitlines() if l.startswith("FAIL")]
+    problems += fails
+    if out_file.exists():
+        want = out_file.read_text(encoding="latin-1")
+        if out != want:
+            import difflib
+            diff = difflib.unified_diff(want.splitlines(), out.splitlines(),
+                                        "expected", "actual", lineterm="")
+            problems.append("output differs:\n" + "\n".join(diff))
+    if problems:
+        print("\n".join(problems))
+        print("---- stdout ----\n" + out + "---- stderr ----\n" + run.stderr.decode("latin-1"))
+        return 1
+    print(f"{program.name}: ok")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
