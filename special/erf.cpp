@@ -1,0 +1,99 @@
+// Error function and complementary error function (S15AEF, S15ADF).
+//
+// W. J. Cody's rational Chebyshev approximations (Math. Comp. 23 (1969)
+// 631-637, and the CALERF routine of his special-function package), in three
+// intervals of a = |x|: a <= 0.46875, 0.46875 < a <= 4 and a > 4.  The factor
+// exp(-a^2) is formed as exp(-y^2) exp(-(a - y)(a + y)) with y = trunc(16a)/16,
+// so that the large exponent is exact.
+#include "special/erf.hpp"
+
+#include <cmath>
+
+#include "gen/special.hpp"
+
+namespace lbx::special {
+namespace {
+
+// Cody, erf on |x| <= 0.46875: x P(x^2)/Q(x^2), P degree 4, Q degree 4 monic.
+// Coefficients of the published set, highest power first.
+constexpr double kErfP[5] = {1.85777706184603153e-1, 3.16112374387056560e00,
+                             1.13864154151050156e02, 3.77485237685302021e02,
+                             3.20937758913846947e03};
+constexpr double kErfQ[5] = {1.0, 2.36012909523441209e01, 2.44024637934444173e02,
+                             1.28261652607737228e03, 2.84423683343917062e03};
+
+// Cody, exp(x^2) erfc(x) on 0.46875 < x <= 4: degree 8 over degree 8 (monic),
+// highest power first.
+constexpr double kErfcC[9] = {
+    2.15311535474403846e-8, 5.64188496988670089e-1, 8.88314979438837594e00,
+    6.61191906371416295e01, 2.98635138197400131e02, 8.81952221241769090e02,
+    1.71204761263407058e03, 2.05107837782607147e03, 1.23033935479799725e03};
+constexpr double kErfcD[9] = {
+    1.0,                    1.57449261107098347e01, 1.17693950891312499e02,
+    5.37181101862009858e02, 1.62138957456669019e03, 3.29079923573345963e03,
+    4.36261909014324716e03, 3.43936767414372164e03, 1.23033935480374942e03};
+
+// Cody, x exp(x^2) erfc(x) on x > 4: 1/sqrt(pi) - z P(z)/Q(z), z = 1/x^2,
+// degree 5 over degree 5 (monic), highest power first.
+constexpr double kErfcP[6] = {1.63153871373020978e-2, 3.05326634961232344e-1,
+                              3.60344899949804439e-1, 1.25781726111229246e-1,
+                              1.60837851487422766e-2, 6.58749161529837803e-4};
+constexpr double kErfcQ[6] = {1.0,                    2.56852019228982242e00,
+                              1.87295284992346047e00, 5.27905102951428412e-1,
+                              6.05183413124413191e-2, 2.33520497626869185e-3};
+
+constexpr double kRecipSqrtPi = 0.5641895835477563;  // 1/sqrt(pi)
+
+template <int N>
+inline double horner(const double (&c)[N], double t) {
+  double s = c[0];
+  for (int i = 1; i < N; ++i) s = s * t + c[i];
+  return s;
+}
+
+// x P(x^2)/Q(x^2) for |x| <= 0.46875.
+inline double erf_small(double x) {
+  const double z = x * x;
+  return x * horner(kErfP, z) / horner(kErfQ, z);
+}
+
+// erfc(a) for a > 0.46875 (a below the underflow limit 26.6).
+inline double erfc_positive(double a) {
+  double r;
+  if (a <= 4.0) {
+    r = horner(kErfcC, a) / horner(kErfcD, a);
+  } else {
+    const double z = 1.0 / (a * a);
+    r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) / a;
+  }
+  const double y = std::trunc(a * 16.0) / 16.0;
+  const double del = (a - y) * (a + y);
+  return std::exp(-y * y) * std::exp(-del) * r;
+}
+
+}  // namespace
+
+double erfc_kernel(double x) {
+  if (x >= 26.6) return 0.0;
+  if (x <= -6.5) return 2.0;
+  const double a = std::fabs(x);
+  if (a <= 0.46875) return 1.0 - erf_small(x);
+  if (!(a == a)) return x;
+  const double e = erfc_positive(a);
+  return x < 0.0 ? 2.0 - e : e;
+}
+
+double erf_kernel(double x) {
+  const double a = std::fabs(x);
+  if (a <= 0.46875) return erf_small(x);
+  if (a > 10.0) return x < 0.0 ? -1.0 : 1.0;
+  if (!(a == a)) return x;
+  const double r = (0.5 - erfc_positive(a)) + 0.5;
+  return x < 0.0 ? -r : r;
+}
+
+double S15ADFN(double x, lbx::Fail& /*fail*/) { return erfc_kernel(x); }
+
+double S15AEFN(double x, lbx::Fail& /*fail*/) { return erf_kernel(x); }
+
+}  // namespace lbx::special

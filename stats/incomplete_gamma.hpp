@@ -1,0 +1,25 @@
+// Regularised incomplete gamma functions P(a, x) and Q(a, x) = 1 - P(a, x),
+// shared by the distribution routines of this chapter.
+#pragma once
+
+namespace lbx::stats {
+
+struct GammaProbabilities {
+  double p;          // P(a, x) = gamma(a, x) / Gamma(a)
+  double q;          // Q(a, x) = Gamma(a, x) / Gamma(a)
+  bool converged;    // false: the iteration limit was reached (a > 1e10)
+};
+
+// a > 0, x >= 0 (not checked). Each of p and q is computed to about 1e-14
+// relative wherever it is representable, the smaller one directly.
+GammaProbabilities incomplete_gamma(double a, double x);
+
+// ln Gamma(a) - (a - 1/2) ln a + a - ln sqrt(2 pi) for a >= 10 (Stirling's
+// remainder), used to form prefactors without cancellation.
+double stirling_remainder(double a);
+
+// x - 1 - ln x written as u - ln(1 + u) with u = x - 1, for u > -1, accurate
+// to a few ULPs also for small |u|.
+double log1pmx_neg(double u);
+
+}  // namespace lbx::stats
