@@ -105,6 +105,20 @@ TEST(RandomSplit, LeapFrogThenSkipAhead) {
   }
 }
 
+TEST(RandomSplit, LeapFrogsCompose) {
+  // Leap-frog (3, 2) of leap-frog (4, 3): strides multiply, offsets nest.
+  for (const Gen& g : all_generators()) {
+    if (g.genid == 5) continue;
+    std::vector<int> ref = fresh(g);
+    const std::vector<double> stream = rt::uniforms(ref, 5000);
+    std::vector<int> s = fresh(g);
+    ASSERT_EQ(rt::khf(4, 3, s), 0);
+    ASSERT_EQ(rt::khf(3, 2, s), 0);
+    const std::vector<double> got = rt::uniforms(s, 300);
+    for (int i = 0; i < 300; ++i) ASSERT_EQ(got[i], stream[2 + 4 + 12 * i]) << g.genid << " " << i;
+  }
+}
+
 TEST(RandomSplit, Refusals) {
   // ACORN cannot leap-frog (IFAIL 23), before any other check of the arguments.
   std::vector<int> acorn = rt::make(5, {1});
