@@ -17,6 +17,8 @@
 // LAMBDA = 0 gives zeros without drawing. LAMBDA is limited to 2e9 so that every variate
 // is a valid 32-bit integer.
 #include <algorithm>
+#include <math.h>  // lgamma_r
+
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -33,9 +35,16 @@ constexpr int kHeader = 5;
 constexpr double kLambdaMax = 2.0e9;
 constexpr double kLogSqrt2Pi = 0.91893853320467274178;  // log(sqrt(2 pi))
 
+// log(n!) through the reentrant lgamma_r: std::lgamma writes the global signgam, which
+// would be a data race between threads drawing from different STATE arrays.
+double log_factorial(double n) {
+  int sign = 0;
+  return ::lgamma_r(n + 1.0, &sign);
+}
+
 // log(n!) - ((n + 1/2) log n - n + log sqrt(2 pi)), Loader's stirlerr.
 double stirling_error(double n) {
-  if (n <= 15.0) return std::lgamma(n + 1.0) - (n + 0.5) * std::log(n) + n - kLogSqrt2Pi;
+  if (n <= 15.0) return log_factorial(n) - (n + 0.5) * std::log(n) + n - kLogSqrt2Pi;
   constexpr double s0 = 1.0 / 12, s1 = 1.0 / 360, s2 = 1.0 / 1260, s3 = 1.0 / 1680,
                    s4 = 1.0 / 1188;
   const double nn = n * n;
@@ -167,7 +176,7 @@ class Ptrs {
       if (us >= 0.07 && v <= vr_) return static_cast<int>(k);
       if (k < 0.0 || (us < 0.013 && v > us)) continue;
       if (std::log(v) + log_inv_alpha_ - std::log(a_ / (us * us) + b_) <=
-          -lambda_ + k * log_lambda_ - std::lgamma(k + 1.0)) {
+          -lambda_ + k * log_lambda_ - log_factorial(k)) {
         return static_cast<int>(k);
       }
     }
