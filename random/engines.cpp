@@ -96,11 +96,11 @@ void initialise(int genid, int subid, const int* seed, int lseed, int* state, in
       std::vector<std::uint32_t> words(624);
       if (lseed >= 624) {
         for (int i = 0; i < 624; ++i) words[i] = as_word(seed[i]);
-        mt::init(words, true, state, block);
+        mt::init(words, state, block);
       } else {
         const auto w = seed_words(genid, seed, lseed);
         for (int i = 0; i < 624; ++i) words[i] = static_cast<std::uint32_t>(w[i]);
-        mt::init(words, false, state, block);
+        mt::init(words, state, block);
       }
       break;
     }

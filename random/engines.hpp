@@ -59,7 +59,7 @@ void skip_pow2(int* state, int p);
 void leap(int* state, int n, int k);
 }  // namespace wh
 namespace mt {
-void init(const std::vector<std::uint32_t>& words, bool whole_state, int* state, int block);
+void init(const std::vector<std::uint32_t>& words, int* state, int block);
 void fill(int* state, double* x, int n);
 bool plausible(const int* state);
 void skip(int* state, std::uint64_t n);

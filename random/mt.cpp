@@ -280,7 +280,7 @@ void normalise(int* state) {
 
 }  // namespace
 
-void init(const std::vector<std::uint32_t>& w, bool /*whole_state*/, int* state, int block) {
+void init(const std::vector<std::uint32_t>& w, int* state, int block) {
   state[0] = block;
   state[1] = kCheck[3];
   state[2] = 3;

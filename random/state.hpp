@@ -20,8 +20,7 @@ inline constexpr int kAcornOrder = 10;
 inline constexpr int kBlockAcorn = kAcornOrder + 7;
 inline constexpr int kBlockMrg = 58;
 
-// Largest length an initialised STATE can have; a larger STATE(1) is refused as corrupt
-// before anything beyond it is read.
+// Largest length an initialised STATE can have.
 inline constexpr int kMaxStateLength = kBlockMtLong + 3;
 
 enum class StateStatus { ok, length_fault, state_fault };
@@ -29,8 +28,9 @@ enum class StateStatus { ok, length_fault, state_fault };
 // The state check: n is the declared length (the plain entries pass STATE(1)).
 // 1. n < 3 or n != STATE(1): length fault. 2. STATE(2) != STATE(n): state fault.
 // 3. STATE(3) outside 1..6, STATE(n-1) < 1 or STATE(n-2) < 1: state fault.
-// Beyond that rule the block is checked for contents no generator can hold (wrong check
-// values, constants, out-of-range words), so a damaged STATE is refused instead of drawn from.
+// Beyond that rule a length the generator never has is refused before STATE(n) is read, and
+// the block is checked for contents no generator can hold (wrong check values, constants,
+// out-of-range words), so a damaged STATE is refused instead of drawn from.
 StateStatus check_state(const int* state, int n);
 
 // Writes the trailer after a block of length block_len already in state[0..block_len-1].

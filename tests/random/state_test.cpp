@@ -205,11 +205,14 @@ TEST(RandomState, UniformCheckOrder) {
   int lstate = 17;
   g05saft_(&n, state.data(), x.data(), &lstate, errbuf, &ifail, 200);
   EXPECT_EQ(ifail, 0);
-  // A huge STATE(1) through the plain entry is refused before anything beyond is read.
-  damaged = state;
-  damaged[0] = 2000000000;
-  g05saf_(&n, damaged.data(), x.data(), &ifail);
-  EXPECT_EQ(ifail, 2);
+  // A STATE(1) that the generator never has is refused through the plain entry before
+  // anything beyond the array is read.
+  for (int len : {2000000000, 18, 633, 1260, 61}) {
+    damaged = state;
+    damaged[0] = len;
+    g05saf_(&n, damaged.data(), x.data(), &ifail);
+    EXPECT_EQ(ifail, 2) << len;
+  }
 }
 
 TEST(RandomState, SubidSelectsWichmannHillSet) {
