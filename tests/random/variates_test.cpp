@@ -147,13 +147,21 @@ TEST(RandomVariates, UniformsChiSquaredAndKs) {
   }
 }
 
-TEST(RandomVariates, NormalsKs) {
-  for (int genid : {1, 3, 6}) {
+TEST(RandomVariates, NormalsKsAndChiSquared) {
+  for (int genid = 1; genid <= 6; ++genid) {
     std::vector<int> state = rt::make(genid, {99});
-    std::vector<double> x(100000);
+    std::vector<double> x(200000);
     ASSERT_EQ(skf(state, 3.0, 4.0, x), 0);
     for (double& v : x) v = (v - 3.0) / 2.0;
-    EXPECT_LT(ks_statistic(x, normal_cdf), kKsThreshold) << genid;
+    EXPECT_LT(ks_statistic(std::vector<double>(x.begin(), x.begin() + 100000), normal_cdf),
+              kKsThreshold)
+        << genid;
+    // 200 cells of equal probability under the normal distribution function (erfc).
+    std::vector<double> count(200, 0.0);
+    for (double v : x) count[std::min(199, static_cast<int>(normal_cdf(v) * 200))] += 1;
+    double chi2 = 0.0;
+    for (double c : count) chi2 += (c - 1000.0) * (c - 1000.0) / 1000.0;
+    EXPECT_LT(chi2, chi2_threshold(199)) << genid;
   }
 }
 
