@@ -255,7 +255,7 @@ def traced_entry(r: Routine) -> str:
         L.append(f"        t.{kind}({cstr(tname)}, result);\n")
     L += [f"        {s}\n" for s in on_exit]
     if r.has_ifail:
-        L.append('        t.character("ERRBUF", std::string_view(errbuf, lbx::errbuf_length));\n'
+        L.append('        t.character("ERRBUF", lbx::frame::errbuf_text(errbuf));\n'
                  f'        t.integer("IFAIL", *{ifail});\n')
     L.append("    }\n")
     if r.result:

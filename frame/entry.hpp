@@ -43,6 +43,15 @@ inline std::span<char> char_out(char* s, std::size_t len, std::size_t declared)
     return {s, declared == 0 || declared > len ? len : declared};
 }
 
+// The coded message in ERRBUF up to its first NUL (empty after a success).
+inline std::string_view errbuf_text(const char* errbuf)
+{
+    std::size_t n = 0;
+    while (n < 200 && errbuf[n] != '\0')
+        ++n;
+    return {errbuf, n};
+}
+
 // Call tracing.
 extern int trace_switch;
 inline bool tracing() { return trace_switch != 0; }

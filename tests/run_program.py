@@ -17,6 +17,7 @@ from pathlib import Path
 def main() -> int:
     program, stem = Path(sys.argv[1]).resolve(), Path(sys.argv[2])
     status_file, out_file = stem.with_suffix(".status"), stem.with_suffix(".out")
+    err_file = stem.with_suffix(".err")
     want_status = int(status_file.read_text()) if status_file.exists() else 0
     with tempfile.TemporaryDirectory() as work:
         run = subprocess.run([str(program)], cwd=work, capture_output=True, timeout=300)
@@ -33,6 +34,10 @@ def main() -> int:
             diff = difflib.unified_diff(want.splitlines(), out.splitlines(),
                                         "expected", "actual", lineterm="")
             problems.append("output differs:\n" + "\n".join(diff))
+    err = run.stderr.decode("latin-1")
+    want_err = err_file.read_text(encoding="latin-1") if err_file.exists() else ""
+    if err != want_err:
+        problems.append("standard error differs from " + (str(err_file) if err_file.exists() else "nothing"))
     if problems:
         print("\n".join(problems))
         print("---- stdout ----\n" + out + "---- stderr ----\n" + run.stderr.decode("latin-1"))
