@@ -1,5 +1,5 @@
 ! The example of docs/random-generators.md: MRG32k3a from its authors' default seed.
-program random_example
+program g05kff_example
   use lbx3207qk
   implicit none
   integer :: state(61), lstate, ifail
@@ -9,4 +9,4 @@ program random_example
   call g05kff(6, 1, [12345, 12345, 12345, 12345, 12345, 12345], 6, state, lstate, ifail)
   call g05saf(2, state, x, ifail)
   write (*, '(2F20.17)') x
-end program random_example
+end program g05kff_example
