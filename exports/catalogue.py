@@ -42,8 +42,8 @@ procedure, the catalogue name of the exported routine to pass.  ``@first``
 puts it at the head of the traced list, ``@end`` (default) directly before
 ERRBUF.
 
-Record templates insert value field k with ``{k}``; at most 4 records of at
-most 80 characters, each beginning " ** ".  Every routine with IFAIL also gets
+Record templates insert value field k with ``{k}``; at most 12 records (the
+error exit's limit) of at most 80 characters, each beginning " ** ".  Every routine with IFAIL also gets
 the frame's own (-999, 99991) allocation-failure message.
 """
 
@@ -77,6 +77,7 @@ class Arg:
     plain_value: str | None = None  # extras only
     position: str = "end"           # extras only
     proc: "Procedure | None" = None
+    adapter_of: "Arg | None" = None   # set on the adapter argument a traced entry adds
 
     @property
     def is_array(self) -> bool:
@@ -308,8 +309,8 @@ def parse_routine(entry: dict, chapter: str) -> Routine:
         if (msg.ifail, msg.code) in seen or msg.id in {x.id for x in r.messages}:
             raise _fail(name, f"message {msg.id} ({msg.ifail}, {msg.code}) defined twice")
         seen.add((msg.ifail, msg.code))
-        if not 1 <= len(msg.records) <= 4:
-            raise _fail(name, f"message {msg.id} needs 1 to 4 records")
+        if not 1 <= len(msg.records) <= 12:
+            raise _fail(name, f"message {msg.id} needs 1 to 12 records")
         for rec in msg.records:
             if not rec.startswith(" ** "):
                 raise _fail(name, f"message {msg.id}: record '{rec}' must begin ' ** '")

@@ -4,6 +4,7 @@
 program ifail_modes
   use lbx3207qk
   implicit none
+  external :: my_writer
   double precision :: rv(5), saved(5)
   integer :: ifail, k, nerr, unit, modes(4) = [1, 2, -2, 100]
   character(len=100) :: line
@@ -88,6 +89,10 @@ program ifail_modes
   call x04bbf(-1, short, ifail)
   print '(A,I3,A,A,A)', 'negative unit: IFAIL', ifail, ' RECIN [', short, ']'
 
+  print '(A)', '--- X04BAFT with the caller''s own writer, and with the library''s'
+  call x04baft(my_writer, x04bafnh, 6, 'through my writer   ')
+  call x04baft(x04bafn, x04bafnh, 6, 'through the library writer')
+
 contains
 
   subroutine noisy(m1, m2, order)
@@ -99,3 +104,11 @@ contains
   end subroutine noisy
 
 end program ifail_modes
+
+! A record writer of the caller's, handed to X04BAFT.
+subroutine my_writer(nout, rec)
+  implicit none
+  integer, intent(in) :: nout
+  character(len=*), intent(in) :: rec
+  print '(A,I2,A,A,A)', 'my writer: unit', nout, ' [', rec, ']'
+end subroutine my_writer

@@ -1,0 +1,251 @@
+// Continuation method for a zero of f near x0.
+//
+// The homotopy h(x, t) = f(x) - t f(x0) has the known solution x0 at t = 1;
+// the method follows its solution curve to t = 0. Every point x it visits
+// solves the homotopy exactly at t = f(x) / f(x0), so the curve parameter is
+// read off the function value and never drifts. One continuation step aims
+// at the target t' = t (1 - rho) with a secant (quasi-Newton) step
+//     x' = x - (f(x) - t' f(x0)) / s,
+// s being the latest difference quotient of f (at first from x0 and x0 + SCAL).
+// The step is accepted when the new t has fallen at least a tenth of the way
+// to t'; then rho doubles (up to 1, which aims at the zero itself) and s takes
+// the new difference quotient. Otherwise the step is rejected, s takes the
+// difference quotient through the rejected point and rho halves. The path is
+// left for the bracketing engine as soon as f changes sign between the
+// current and the new point, which guarantees convergence from there on. The
+// search ends successfully when an accepted step is within the tolerance, and
+// fails when rho falls below 2^-30 or a rejected step is within the tolerance
+// (f has a local minimum of abs(f) there, not a zero). A step that would leave
+// the finite numbers is shortened by halving rho.
+//
+// Layout of the communication array (Fortran numbering C(1) .. C(26)):
+//   C(1)  .. C(10)  the bracketing engine's array, once a sign change is found
+//   C(11) phase: 0 f(x0) wanted, 1 f(x0 + SCAL) wanted, 2 continuation, 3 bracketing
+//   C(12) x0    C(13) f(x0)   C(14) SCAL
+//   C(15) current point x     C(16) f(x)
+//   C(17) difference quotient s        C(18) rho
+//   C(19) the other end Y of the bracketing engine
+//   C(20) .. C(26) unused
+#include "roots/continuation_engine.hpp"
+
+#include <cmath>
+
+#include "roots/zero_engine.hpp"
+
+namespace lbx::roots {
+namespace {
+
+constexpr int kPhase = 10, kX0 = 11, kF0 = 12, kScal = 13, kX = 14, kFx = 15, kS = 16, kRho = 17, kY = 18;
+constexpr double kRhoMin = 0x1p-30;
+constexpr double kSufficient = 0.1;
+
+double tolerance(double tol, int ir, double x)
+{
+    const double s1 = (ir == 1) ? 0.0 : 1.0;
+    const double s2 = (ir == 2) ? 0.0 : 1.0;
+    return tol * std::fmax(s1 * std::fabs(x), s2);
+}
+
+ContinuationReport failure(ContinuationStatus s, int& ind)
+{
+    ind = 0;
+    ContinuationReport r;
+    r.status = s;
+    return r;
+}
+
+// Propose the next continuation point from the stored state. A step that
+// would leave the finite numbers is shortened by halving rho; when rho falls
+// below its minimum the continuation has failed.
+ContinuationReport propose(double& x, double* c, int& ind)
+{
+    const double t = c[kFx] / c[kF0];
+    for (;;) {
+        const double target = t * (1.0 - c[kRho]);
+        const double step = -(c[kFx] - target * c[kF0]) / c[kS];
+        x = c[kX] + step;
+        if (std::isfinite(x)) {
+            ind = 4;
+            return {};
+        }
+        if (c[kRho] * 0.5 < kRhoMin) {
+            x = c[kX];
+            ContinuationReport r = failure(ContinuationStatus::no_progress, ind);
+            r.v1 = t;
+            r.v2 = x;
+            return r;
+        }
+        c[kRho] *= 0.5;
+    }
+}
+
+// Hand the bracket [xcur, xnew] to the bracketing engine.
+ContinuationReport start_bracketing(double& x, double fx, double tol, int ir, double* c, int& ind)
+{
+    c[kPhase] = 3.0;
+    c[0] = c[kFx];
+    double y = c[kX];
+    int eind = -1;
+    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
+    c[kY] = y;
+    (void)r;
+    if (eind == 0 || c[9] != 0.0) {
+        // Converged at once (the engine asks only for its final check).
+        ind = 0;
+        return {};
+    }
+    ind = 4;
+    return {};
+}
+
+ContinuationReport continue_bracketing(double& x, double fx, double tol, int ir, double* c, int& ind)
+{
+    double y = c[kY];
+    int eind = 4;
+    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
+    c[kY] = y;
+    (void)r;
+    // Finished (exact zero, or the bracket cannot shrink further at machine
+    // precision: x is then as good as the arithmetic allows), or converged:
+    // the engine's final check is not needed here.
+    ind = (eind == 0 || c[9] != 0.0) ? 0 : 4;
+    return {};
+}
+
+ContinuationReport continuation_value(double& x, double fx, double tol, int ir, double* c, int& ind)
+{
+    const double xcur = c[kX], fcur = c[kFx];
+    if (fx == 0.0) {
+        ind = 0;
+        return {};
+    }
+    if (std::isfinite(fx) && !same_sign(fx, fcur)) {
+        return start_bracketing(x, fx, tol, ir, c, ind);
+    }
+    const double t = fcur / c[kF0];
+    const double target = t * (1.0 - c[kRho]);
+    const double tnew = fx / c[kF0];
+    const double dx = x - xcur;
+    const double q = (fx - fcur) / dx;
+    const bool usable_q = std::isfinite(q) && q != 0.0;
+    if (std::isfinite(fx) && tnew <= t - kSufficient * (t - target)) {
+        // Accepted.
+        c[kX] = x;
+        c[kFx] = fx;
+        if (usable_q) {
+            c[kS] = q;
+        }
+        if (std::fabs(dx) <= tolerance(tol, ir, x)) {
+            ind = 0;
+            return {};
+        }
+        c[kRho] = std::fmin(1.0, 2.0 * c[kRho]);
+        return propose(x, c, ind);
+    }
+    // Rejected.
+    if (std::fabs(dx) <= tolerance(tol, ir, xcur) || c[kRho] * 0.5 < kRhoMin) {
+        x = xcur;
+        ContinuationReport r = failure(ContinuationStatus::no_progress, ind);
+        r.v1 = t;
+        r.v2 = xcur;
+        return r;
+    }
+    if (usable_q) {
+        c[kS] = q;
+    }
+    c[kRho] *= 0.5;
+    return propose(x, c, ind);
+}
+
+} // namespace
+
+ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal, double* c, int& ind)
+{
+    // Re-checked on every entry, in this order.
+    if (ind != -1 && (ind < 1 || ind > 4)) {
+        const int given = ind;
+        ContinuationReport r = failure(ContinuationStatus::ind_invalid, ind);
+        r.iv = given;
+        return r;
+    }
+    if (!(tol > 0.0)) {
+        ContinuationReport r = failure(ContinuationStatus::tol_invalid, ind);
+        r.v1 = tol;
+        return r;
+    }
+    if (ir < 0 || ir > 2) {
+        ContinuationReport r = failure(ContinuationStatus::ir_invalid, ind);
+        r.iv = ir;
+        return r;
+    }
+    if (ind == 1 || ind == -1) {
+        if (!(x + scal != x) || !std::isfinite(scal)) {
+            ContinuationReport r = failure(ContinuationStatus::scal_too_small, ind);
+            r.v1 = x;
+            r.v2 = scal;
+            return r;
+        }
+        c[kX0] = c[kX] = x;
+        c[kScal] = scal;
+        c[kPhase] = 0.0;
+        if (ind == 1) {
+            ind = 2;
+            return {};
+        }
+        ind = 2; // fx = f(x0) supplied
+    }
+
+    // The phase (read by comparison: a damaged array gives the IND error).
+    const double ph = c[kPhase];
+    const int phase = ph == 0.0 ? 0 : ph == 1.0 ? 1 : ph == 2.0 ? 2 : ph == 3.0 ? 3 : -1;
+    if (ind == 2 && phase == 0) {
+        if (fx == 0.0) {
+            ind = 0;
+            return {};
+        }
+        c[kF0] = c[kFx] = fx;
+        c[kPhase] = 1.0;
+        x = c[kX0] + c[kScal];
+        ind = 3;
+        return {};
+    }
+    if (ind == 3 && phase == 1) {
+        if (fx == 0.0) {
+            ind = 0;
+            return {};
+        }
+        if (std::isfinite(fx) && !same_sign(fx, c[kF0])) {
+            // A sign change between x0 and x0 + SCAL: bracket at once.
+            return start_bracketing(x, fx, tol, ir, c, ind);
+        }
+        const double s = (fx - c[kF0]) / c[kScal];
+        if (!std::isfinite(s) || s == 0.0) {
+            x = c[kX0];
+            ContinuationReport r = failure(ContinuationStatus::zero_derivative, ind);
+            r.v1 = x;
+            return r;
+        }
+        c[kS] = s;
+        c[kRho] = 1.0;
+        c[kPhase] = 2.0;
+        // Start from the better of the two points.
+        if (std::fabs(fx) < std::fabs(c[kF0])) {
+            c[kX] = x;
+            c[kFx] = fx;
+        }
+        return propose(x, c, ind);
+    }
+    if (ind == 4 && phase == 2) {
+        return continuation_value(x, fx, tol, ir, c, ind);
+    }
+    if (ind == 4 && phase == 3) {
+        return continue_bracketing(x, fx, tol, ir, c, ind);
+    }
+    // IND valid in itself but not the one this state asked for.
+    const int given = ind;
+    ContinuationReport r = failure(ContinuationStatus::ind_invalid, ind);
+    r.iv = given;
+    return r;
+}
+
+} // namespace lbx::roots

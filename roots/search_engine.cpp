@@ -1,0 +1,168 @@
+// Outward search for a sign change: from the starting point x0 the search
+// probes alternately on either side (the side of H first) at distances
+// |H|, 2|H|, 4|H|, ... from x0, each probe clamped to [BOUNDL, BOUNDU]; a side
+// is exhausted once its probe has reached its bound. Each probe is compared
+// with the previous point on the same side, so the interval returned is the
+// pair of neighbouring points between which f changes sign.
+//
+// Layout of the communication array (Fortran numbering C(1) .. C(11)):
+//   C(1)  on a successful finish f(Y); otherwise unused
+//   C(2)  x0, the starting point        C(3)  f(x0)
+//   C(4)  H as given on initial entry   C(5)  BOUNDL   C(6)  BOUNDU
+//   C(7)  last point on the right       C(8)  f there
+//   C(9)  last point on the left        C(10) f there
+//   C(11) the pending request: 0 f(x0), 1 a probe on the right, -1 on the left
+#include "roots/search_engine.hpp"
+
+#include <cmath>
+
+#include "roots/zero_engine.hpp"
+
+namespace lbx::roots {
+namespace {
+
+constexpr int kFy = 0, kX0 = 1, kF0 = 2, kH = 3, kLo = 4, kHi = 5, kXr = 6, kFr = 7, kXl = 8, kFl = 9,
+              kSide = 10;
+
+SearchReport fail_with(SearchStatus s, int& ind)
+{
+    ind = 0;
+    SearchReport r;
+    r.status = s;
+    return r;
+}
+
+// Next probe on one side (side = +1 right, -1 left), doubling the distance
+// from x0 and clamping to the bound.
+double next_probe(const double* c, int side)
+{
+    const double x0 = c[kX0];
+    const double last = (side > 0) ? c[kXr] : c[kXl];
+    const double dist = (last == x0) ? std::fabs(c[kH]) : 2.0 * std::fabs(last - x0);
+    if (side > 0) {
+        const double p = x0 + dist;
+        return (p > c[kHi]) ? c[kHi] : p;
+    }
+    const double p = x0 - dist;
+    return (p < c[kLo]) ? c[kLo] : p;
+}
+
+bool exhausted(const double* c, int side) { return (side > 0) ? c[kXr] >= c[kHi] : c[kXl] <= c[kLo]; }
+
+// Ask for the next probe, preferring the side other than 'last_side'.
+SearchReport request_next(double& x, double& y, double* c, int& ind, int last_side)
+{
+    int side = -last_side;
+    if (exhausted(c, side)) {
+        side = last_side;
+    }
+    if (exhausted(c, side)) {
+        x = c[kXl];
+        y = c[kXr];
+        SearchReport r = fail_with(SearchStatus::no_sign_change, ind);
+        r.v1 = c[kXl];
+        r.v2 = c[kXr];
+        return r;
+    }
+    c[kSide] = side;
+    x = next_probe(c, side);
+    ind = 2;
+    return {};
+}
+
+SearchReport finish(double& x, double& y, double xother, double fother, double* c, int& ind)
+{
+    y = xother;
+    c[kFy] = fother;
+    ind = 0;
+    (void)x;
+    return {};
+}
+
+} // namespace
+
+SearchReport search_engine_step(double& x, double fx, double h, double boundl, double boundu, double& y,
+                                double* c, int& ind)
+{
+    if (ind != -1 && ind != 1 && ind != 2) {
+        const int given = ind;
+        SearchReport r = fail_with(SearchStatus::ind_invalid, ind);
+        r.iv = given;
+        return r;
+    }
+    if (ind == 1 || ind == -1) {
+        // Initial entry: check the arguments, in this order.
+        if (!(boundl < boundu)) {
+            SearchReport r = fail_with(SearchStatus::bounds_order, ind);
+            r.v1 = boundl;
+            r.v2 = boundu;
+            return r;
+        }
+        if (!(boundl <= x && x <= boundu)) {
+            SearchReport r = fail_with(SearchStatus::x_outside, ind);
+            r.v1 = x;
+            r.v2 = boundl;
+            r.v3 = boundu;
+            return r;
+        }
+        if (!(x + h != x) || !std::isfinite(h)) {
+            SearchReport r = fail_with(SearchStatus::h_too_small, ind);
+            r.v1 = x;
+            r.v2 = h;
+            return r;
+        }
+        const double up = x + h, down = x - h;
+        const bool up_out = up < boundl || up > boundu;
+        const bool down_out = down < boundl || down > boundu;
+        if (up_out && down_out) {
+            SearchReport r = fail_with(SearchStatus::both_outside, ind);
+            r.v1 = x;
+            r.v2 = h;
+            r.v3 = boundl;
+            r.v4 = boundu;
+            return r;
+        }
+        c[kX0] = x;
+        c[kH] = h;
+        c[kLo] = boundl;
+        c[kHi] = boundu;
+        c[kXr] = c[kXl] = x;
+        c[kSide] = 0.0;
+        if (ind == 1) {
+            ind = 2;
+            return {};
+        }
+        // ind == -1: fx = f(x0) is supplied; continue below.
+    }
+
+    // The pending request (read by comparison: a damaged array stays harmless).
+    const int side = c[kSide] > 0.0 ? 1 : (c[kSide] < 0.0 ? -1 : 0);
+    if (side == 0) {
+        // The value at the starting point.
+        c[kF0] = c[kFr] = c[kFl] = fx;
+        if (fx == 0.0) {
+            return finish(x, y, x, 0.0, c, ind);
+        }
+        // The side of H is probed first.
+        return request_next(x, y, c, ind, (c[kH] > 0.0) ? -1 : 1);
+    }
+    // The value at a probe on 'side'.
+    const double xprev = (side > 0) ? c[kXr] : c[kXl];
+    const double fprev = (side > 0) ? c[kFr] : c[kFl];
+    if (fx == 0.0) {
+        return finish(x, y, x, 0.0, c, ind);
+    }
+    if (!same_sign(fx, fprev)) {
+        return finish(x, y, xprev, fprev, c, ind);
+    }
+    if (side > 0) {
+        c[kXr] = x;
+        c[kFr] = fx;
+    } else {
+        c[kXl] = x;
+        c[kFl] = fx;
+    }
+    return request_next(x, y, c, ind, side);
+}
+
+} // namespace lbx::roots

@@ -1,0 +1,183 @@
+// The battery of Alefeld, Potra and Shi and classic problems, solved through
+// the public entries C05AYF and C05ADF, against reference zeros from mpmath
+// (tests/data/roots_battery.txt, tools/roots_reference.py).
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+
+#include "lbx3207qk.h"
+#include "roots_battery.hpp"
+
+namespace {
+
+struct Reference {
+    double a, b, zero;
+};
+
+std::map<std::string, Reference> load_references()
+{
+    std::map<std::string, Reference> refs;
+    std::ifstream in(std::string(LBX_TEST_DATA) + "/roots_battery.txt");
+    std::string line;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#') {
+            continue;
+        }
+        std::istringstream s(line);
+        std::string id;
+        Reference r{};
+        s >> id >> r.a >> r.b >> r.zero;
+        refs[id] = r;
+    }
+    return refs;
+}
+
+// Recorded evaluation counts of C05AYF at EPS = 1e-10 (tests/data/roots_battery_evals.txt):
+// a regression guard on the step rules, not a correctness reference.
+std::map<std::string, int> load_recorded_counts()
+{
+    std::map<std::string, int> counts;
+    std::ifstream in(std::string(LBX_TEST_DATA) + "/roots_battery_evals.txt");
+    std::string line;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#') {
+            continue;
+        }
+        std::istringstream s(line);
+        std::string id;
+        int here = 0, peer = 0;
+        s >> id >> here >> peer;
+        counts[id] = here;
+    }
+    return counts;
+}
+
+// The user function: IUSER(1) selects the problem, IUSER(2) counts the calls.
+double battery_f(const double* x, int* iuser, double* ruser)
+{
+    const auto& p = roots_battery::problems()[iuser[0]];
+    ++iuser[1];
+    ruser[0] = *x; // the last point, through RUSER
+    return p.f(*x, p.p, p.q);
+}
+
+int older_calls = 0;
+int older_problem = 0;
+double battery_older_f(const double* x)
+{
+    const auto& p = roots_battery::problems()[older_problem];
+    ++older_calls;
+    return p.f(*x, p.p, p.q);
+}
+
+TEST(RootsBattery, DataMatchTheProblemList)
+{
+    const auto refs = load_references();
+    ASSERT_EQ(refs.size(), roots_battery::problems().size());
+    for (const auto& p : roots_battery::problems()) {
+        const auto it = refs.find(p.id);
+        ASSERT_NE(it, refs.end()) << p.id;
+        EXPECT_EQ(it->second.a, p.a) << p.id;
+        EXPECT_EQ(it->second.b, p.b) << p.id;
+    }
+}
+
+// Every zero within 2 EPS of the reference (the engine's bracket guarantee),
+// or an exact zero of the computed f: APS13 is x exp(-1/x^2), which
+// underflows to exactly 0 for abs(x) < 0.0366.
+TEST(RootsBattery, C05AYFFindsEveryZero)
+{
+    const auto refs = load_references();
+    const auto& list = roots_battery::problems();
+    for (const double eps : {1e-6, 1e-10, 1e-14}) {
+        for (int i = 0; i < static_cast<int>(list.size()); ++i) {
+            const auto& p = list[i];
+            const Reference& r = refs.at(p.id);
+            int iuser[2] = {i, 0};
+            double ruser[1] = {0.0};
+            double x = -1.0, eta = 0.0;
+            int ifail = 1;
+            c05ayf_(&r.a, &r.b, &eps, &eta, battery_f, &x, iuser, ruser, &ifail);
+            EXPECT_EQ(ifail, 0) << p.id << " EPS " << eps;
+            const bool exact_zero = p.f(x, p.p, p.q) == 0.0;
+            EXPECT_TRUE(std::fabs(x - r.zero) <= 2.0 * eps || exact_zero)
+                << p.id << " EPS " << eps << " x " << x << " zero " << r.zero;
+            EXPECT_EQ(ruser[0], x) << p.id << ": the last call of F was at the zero returned";
+            EXPECT_GE(iuser[1], 2);
+
+            // The older interface makes the same computation.
+            older_problem = i;
+            older_calls = 0;
+            double x2 = -1.0;
+            ifail = 1;
+            c05adf_(&r.a, &r.b, &eps, &eta, battery_older_f, &x2, &ifail);
+            EXPECT_EQ(ifail, 0) << p.id;
+            EXPECT_EQ(x2, x) << p.id;
+            EXPECT_EQ(older_calls, iuser[1]) << p.id;
+        }
+    }
+}
+
+TEST(RootsBattery, EvaluationCountsDoNotGrow)
+{
+    const auto refs = load_references();
+    const auto counts = load_recorded_counts();
+    const auto& list = roots_battery::problems();
+    ASSERT_EQ(counts.size(), list.size());
+    int total = 0, recorded = 0;
+    for (int i = 0; i < static_cast<int>(list.size()); ++i) {
+        const auto& p = list[i];
+        const Reference& r = refs.at(p.id);
+        int iuser[2] = {i, 0};
+        double ruser[1];
+        double x, eps = 1e-10, eta = 0.0;
+        int ifail = 1;
+        c05ayf_(&r.a, &r.b, &eps, &eta, battery_f, &x, iuser, ruser, &ifail);
+        EXPECT_LE(iuser[1], counts.at(p.id)) << p.id;
+        total += iuser[1];
+        recorded += counts.at(p.id);
+    }
+    EXPECT_LE(total, recorded);
+}
+
+// The same problems through C05AZF driven from C with IND = 1: the same zeros
+// within 2 TOLX, for every error criterion.
+TEST(RootsBattery, C05AZFFromACallerLoop)
+{
+    const auto refs = load_references();
+    for (const auto& p : roots_battery::problems()) {
+        const Reference& r = refs.at(p.id);
+        for (const int ir : {0, 1, 2}) {
+            const double tolx = 1e-11;
+            double x = r.a, y = r.b, fx = 0.0, c[10];
+            int ind = 1, ifail = 1, calls = 0;
+            do {
+                c05azf_(&x, &y, &fx, &tolx, &ir, c, &ind, &ifail);
+                if (ind != 0) {
+                    EXPECT_EQ(ifail, 0);
+                    fx = p.f(x, p.p, p.q);
+                    ++calls;
+                }
+            } while (ind != 0 && calls < 1000);
+            EXPECT_EQ(ind, 0);
+            const bool exact_zero = p.f(x, p.p, p.q) == 0.0;
+            if (ir == 2 && r.zero == 0.0) {
+                // A relative tolerance vanishes at a zero at the origin: the
+                // search ends on an exact zero or at the accuracy limit.
+                EXPECT_TRUE(ifail == 5 || (ifail == 0 && exact_zero)) << p.id << " ifail " << ifail;
+                EXPECT_TRUE(std::fabs(x) <= 1e-9 || exact_zero) << p.id;
+                continue;
+            }
+            EXPECT_EQ(ifail, 0) << p.id << " IR " << ir;
+            const double scale = ir == 0 ? std::fmax(1.0, std::fabs(x)) : ir == 1 ? 1.0 : std::fabs(x);
+            EXPECT_TRUE(std::fabs(x - r.zero) <= 2.0 * tolx * scale * (1 + 1e-14) || exact_zero)
+                << p.id << " IR " << ir << " x " << x << " zero " << r.zero;
+        }
+    }
+}
+
+} // namespace
