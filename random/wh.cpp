@@ -31,32 +31,19 @@ std::uint64_t pow_mod(std::uint64_t a, std::uint64_t e, std::uint64_t m) {
   return r;
 }
 
-// a x mod m for a, x < m < 2^31: the quotient estimated in floating point is off by at most
-// one (the product's relative rounding error is 2^-52 and the quotient is below 2^31), and
-// one correction each way makes the remainder exact.
-inline std::int64_t mul_mod(std::int64_t a, std::int64_t x, std::int64_t m, double inv_m) {
-  const std::int64_t p = a * x;
-  const std::int64_t q = static_cast<std::int64_t>(static_cast<double>(p) * inv_m);
-  std::int64_t r = p - q * m;
-  if (r < 0) r += m;
-  if (r >= m) r -= m;
-  return r;
-}
-
 void fill4(int* state, double* out, int n) {
-  std::int64_t x[4], a[4], m[4];
-  double md[4], inv[4];
+  std::uint64_t x[4], a[4], m[4];
+  double md[4];
   for (int j = 0; j < 4; ++j) {
-    x[j] = state[kX + j];
-    a[j] = state[kA + j];
-    m[j] = state[kM + j];
+    x[j] = static_cast<std::uint64_t>(state[kX + j]);
+    a[j] = static_cast<std::uint64_t>(state[kA + j]);
+    m[j] = static_cast<std::uint64_t>(state[kM + j]);
     md[j] = static_cast<double>(m[j]);
-    inv[j] = 1.0 / md[j];
   }
   for (int i = 0; i < n; ++i) {
     double w = 0.0;
     for (int j = 0; j < 4; ++j) {
-      x[j] = mul_mod(a[j], x[j], m[j], inv[j]);
+      x[j] = a[j] * x[j] % m[j];
       w += static_cast<double>(x[j]) / md[j];
     }
     double u = w - std::floor(w);
