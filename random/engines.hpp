@@ -22,7 +22,7 @@ int seed_words_needed(int genid);
 bool seeds_valid(int genid, const int* seed, int lseed);
 
 // Fills state[0 .. block-1] (header, block, closing check) and appends the trailer.
-// Precondition: lstate >= block_length(genid, lstate), seeds_valid(...).
+// Preconditions: lstate >= block_length(genid, lstate) + 3 and seeds_valid(...).
 // May throw std::bad_alloc (working storage for the seed words).
 void initialise(int genid, int subid, const int* seed, int lseed, int* state, int lstate);
 
