@@ -66,6 +66,23 @@ void BM_G05SKF(benchmark::State& st) {
 }
 BENCHMARK(BM_G05SKF)->ArgsProduct({{1, 3, 6}, {1, 2}})->ArgNames({"GENID", "threads"})->UseRealTime();
 
+// Control: a plain OpenMP loop of the same length and a similar cost per element, to show
+// what a second thread gives on the machine at the time of the run (a busy second core
+// makes every two-thread row slow, whatever the code).
+void BM_OpenMpControl(benchmark::State& st) {
+  std::vector<double> x(kNormals, 0.5);
+  const int saved = omp_get_max_threads();
+  omp_set_num_threads(static_cast<int>(st.range(0)));
+  for (auto _ : st) {
+#pragma omp parallel for schedule(static)
+    for (int i = 0; i < kNormals; ++i) x[i] = std::log(x[i] + 1.0) + std::sqrt(x[i]);
+    benchmark::DoNotOptimize(x.data());
+  }
+  omp_set_num_threads(saved);
+  finish(st, kNormals);
+}
+BENCHMARK(BM_OpenMpControl)->Arg(1)->Arg(2)->ArgName("threads")->UseRealTime();
+
 // ---- plain loops of the same recurrences (the floor) ----
 
 void BM_PlainBasic(benchmark::State& st) {
