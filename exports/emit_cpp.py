@@ -172,10 +172,12 @@ def chapter_header(ch: Chapter) -> str:
         else:
             out.append(impl_signature(r) + ";\n")
         if r.messages:
-            out.append(f"namespace {r.name}_msg {{\n")
+            # A struct rather than a namespace, so that a routine's messages can
+            # be handed to a template shared by several routines.
+            out.append(f"struct {r.name}_msg {{\n")
             for m in r.messages:
-                out.append(f"inline constexpr lbx::Message<{m.nvalues}> {m.id}{{{m.ifail}, {m.code}}};\n")
-            out.append(f"}}  // namespace {r.name}_msg\n")
+                out.append(f"    static constexpr lbx::Message<{m.nvalues}> {m.id}{{{m.ifail}, {m.code}}};\n")
+            out.append("};\n")
     out.append(f"\n}}  // namespace lbx::{ch.name}\n")
     return "".join(out)
 

@@ -28,36 +28,20 @@ void report(const SearchDriverReport& r, lbx::Fail& fail)
     }
 }
 
-struct C05AUFMsg {
-    static constexpr auto& EPS_NOT_POSITIVE = C05AUF_msg::EPS_NOT_POSITIVE;
-    static constexpr auto& H_TOO_SMALL = C05AUF_msg::H_TOO_SMALL;
-    static constexpr auto& NO_SIGN_CHANGE = C05AUF_msg::NO_SIGN_CHANGE;
-    static constexpr auto& EPS_TOO_SMALL = C05AUF_msg::EPS_TOO_SMALL;
-    static constexpr auto& POLE = C05AUF_msg::POLE;
-};
-
-struct C05AGFMsg {
-    static constexpr auto& EPS_NOT_POSITIVE = C05AGF_msg::EPS_NOT_POSITIVE;
-    static constexpr auto& H_TOO_SMALL = C05AGF_msg::H_TOO_SMALL;
-    static constexpr auto& NO_SIGN_CHANGE = C05AGF_msg::NO_SIGN_CHANGE;
-    static constexpr auto& EPS_TOO_SMALL = C05AGF_msg::EPS_TOO_SMALL;
-    static constexpr auto& POLE = C05AGF_msg::POLE;
-};
-
 } // namespace
 
 void C05AUFN(double& x, double h, double eps, double eta, const C05AUF_FProc& f, double& a, double& b,
              int* iuser, double* ruser, lbx::Fail& fail)
 {
     auto eval = [&](double xx) { return f(xx, iuser, ruser); };
-    report<C05AUFMsg>(search_and_solve(x, h, eps, eta, eval, a, b), fail);
+    report<C05AUF_msg>(search_and_solve(x, h, eps, eta, eval, a, b), fail);
 }
 
 void C05AGFN(double& x, double h, double eps, double eta, const C05AGF_FProc& f, double& a, double& b,
              lbx::Fail& fail)
 {
     auto eval = [&](double xx) { return f(xx); };
-    report<C05AGFMsg>(search_and_solve(x, h, eps, eta, eval, a, b), fail);
+    report<C05AGF_msg>(search_and_solve(x, h, eps, eta, eval, a, b), fail);
 }
 
 } // namespace lbx::roots

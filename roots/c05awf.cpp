@@ -23,33 +23,19 @@ void report(const ContinuationDriverReport& r, lbx::Fail& fail)
     }
 }
 
-struct C05AWFMsg {
-    static constexpr auto& EPS_NOT_POSITIVE = C05AWF_msg::EPS_NOT_POSITIVE;
-    static constexpr auto& NFMAX_NOT_POSITIVE = C05AWF_msg::NFMAX_NOT_POSITIVE;
-    static constexpr auto& TOO_MANY_CALLS = C05AWF_msg::TOO_MANY_CALLS;
-    static constexpr auto& NO_PROGRESS = C05AWF_msg::NO_PROGRESS;
-};
-
-struct C05AJFMsg {
-    static constexpr auto& EPS_NOT_POSITIVE = C05AJF_msg::EPS_NOT_POSITIVE;
-    static constexpr auto& NFMAX_NOT_POSITIVE = C05AJF_msg::NFMAX_NOT_POSITIVE;
-    static constexpr auto& TOO_MANY_CALLS = C05AJF_msg::TOO_MANY_CALLS;
-    static constexpr auto& NO_PROGRESS = C05AJF_msg::NO_PROGRESS;
-};
-
 } // namespace
 
 void C05AWFN(double& x, double eps, double eta, const C05AWF_FProc& f, int nfmax, int* iuser, double* ruser,
              lbx::Fail& fail)
 {
     auto eval = [&](double xx) { return f(xx, iuser, ruser); };
-    report<C05AWFMsg>(continuation_solve(x, eps, eta, eval, nfmax), fail);
+    report<C05AWF_msg>(continuation_solve(x, eps, eta, eval, nfmax), fail);
 }
 
 void C05AJFN(double& x, double eps, double eta, const C05AJF_FProc& f, int nfmax, lbx::Fail& fail)
 {
     auto eval = [&](double xx) { return f(xx); };
-    report<C05AJFMsg>(continuation_solve(x, eps, eta, eval, nfmax), fail);
+    report<C05AJF_msg>(continuation_solve(x, eps, eta, eval, nfmax), fail);
 }
 
 } // namespace lbx::roots

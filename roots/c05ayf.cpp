@@ -31,35 +31,19 @@ void report(const DriverReport& r, lbx::Fail& fail)
     }
 }
 
-struct C05AYFMsg {
-    static constexpr auto& EPS_NOT_POSITIVE = C05AYF_msg::EPS_NOT_POSITIVE;
-    static constexpr auto& A_EQUALS_B = C05AYF_msg::A_EQUALS_B;
-    static constexpr auto& SAME_SIGN = C05AYF_msg::SAME_SIGN;
-    static constexpr auto& EPS_TOO_SMALL = C05AYF_msg::EPS_TOO_SMALL;
-    static constexpr auto& POLE = C05AYF_msg::POLE;
-};
-
-struct C05ADFMsg {
-    static constexpr auto& EPS_NOT_POSITIVE = C05ADF_msg::EPS_NOT_POSITIVE;
-    static constexpr auto& A_EQUALS_B = C05ADF_msg::A_EQUALS_B;
-    static constexpr auto& SAME_SIGN = C05ADF_msg::SAME_SIGN;
-    static constexpr auto& EPS_TOO_SMALL = C05ADF_msg::EPS_TOO_SMALL;
-    static constexpr auto& POLE = C05ADF_msg::POLE;
-};
-
 } // namespace
 
 void C05AYFN(double a, double b, double eps, double eta, const C05AYF_FProc& f, double& x, int* iuser,
              double* ruser, lbx::Fail& fail)
 {
     auto eval = [&](double xx) { return f(xx, iuser, ruser); };
-    report<C05AYFMsg>(solve_interval(a, b, eps, eta, eval, x), fail);
+    report<C05AYF_msg>(solve_interval(a, b, eps, eta, eval, x), fail);
 }
 
 void C05ADFN(double a, double b, double eps, double eta, const C05ADF_FProc& f, double& x, lbx::Fail& fail)
 {
     auto eval = [&](double xx) { return f(xx); };
-    report<C05ADFMsg>(solve_interval(a, b, eps, eta, eval, x), fail);
+    report<C05ADF_msg>(solve_interval(a, b, eps, eta, eval, x), fail);
 }
 
 } // namespace lbx::roots

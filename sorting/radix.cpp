@@ -6,7 +6,9 @@
 // reference quicksort's bits.  Such data goes to an LSD radix sort on the
 // order-preserving integer image of each double (11-bit digits, passes whose
 // digit is the same for every key skipped); data already in order, or in
-// reverse order, is settled by the scan that looks for NaNs and zeros.
+// reverse order, is settled by the scan that looks for NaNs and zeros.  Long
+// data is sorted by all OpenMP threads; the result does not depend on their
+// number.
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -14,6 +16,8 @@
 #include <cstring>
 #include <memory>
 #include <new>
+
+#include <omp.h>
 
 #include "sorting/quicksort.hpp"
 
@@ -31,6 +35,8 @@ constexpr u64 sign = u64{1} << 63;
 
 // Below this length the reference sort is as fast as the radix sort's set-up.
 constexpr long radix_threshold = 768;
+// From this length the passes are shared among the OpenMP threads.
+constexpr std::size_t parallel_threshold = std::size_t{1} << 16;
 
 inline u64 key_of(double d)
 {
@@ -78,44 +84,79 @@ void radix_sort(double* a, std::size_t n, unsigned long long* tmp_words)
 {
     u64* tmp = reinterpret_cast<u64*>(tmp_words);
     static_assert(sizeof(u64) == sizeof(unsigned long long));
-    auto counts = std::make_unique<std::size_t[]>(digits * buckets);
+    const int wanted = n >= parallel_threshold ? omp_get_max_threads() : 1;
+
+    // Histograms of every digit over the whole data, to skip the passes whose
+    // digit is the same for all keys.
+    auto totals = std::make_unique<std::size_t[]>(digits * buckets);
     for (std::size_t i = 0; i < n; ++i) {
         const u64 k = key_of(a[i]);
         for (int d = 0; d < digits; ++d)
-            ++counts[d * buckets + ((k >> (d * digit_bits)) & digit_mask)];
+            ++totals[d * buckets + ((k >> (d * digit_bits)) & digit_mask)];
     }
     const u64 first = key_of(a[0]);
+
+    // Each pass is a stable scatter: thread t owns the t-th contiguous chunk of
+    // the source and writes its keys after those of the chunks before it, so the
+    // result is the same for any number of threads.
+    auto counts = std::make_unique<std::size_t[]>(static_cast<std::size_t>(wanted) * buckets);
     bool in_tmp = false;  // where the keys live: a (as bit images) or tmp
     bool keyed = false;   // whether a already holds keys rather than doubles
     for (int d = 0; d < digits; ++d) {
-        std::size_t* c = &counts[d * buckets];
         const int shift = d * digit_bits;
-        if (c[(first >> shift) & digit_mask] == n)
+        if (totals[d * buckets + ((first >> shift) & digit_mask)] == n)
             continue;  // every key has this digit
-        std::size_t offset = 0;
-        for (std::size_t b = 0; b < buckets; ++b) {
-            const std::size_t m = c[b];
-            c[b] = offset;
-            offset += m;
-        }
-        if (!in_tmp) {
-            for (std::size_t i = 0; i < n; ++i) {
-                const u64 k = keyed ? std::bit_cast<u64>(a[i]) : key_of(a[i]);
-                tmp[c[(k >> shift) & digit_mask]++] = k;
+#pragma omp parallel num_threads(wanted)
+        {
+            const int team = omp_get_num_threads();
+            const int t = omp_get_thread_num();
+            const std::size_t lo = n * static_cast<std::size_t>(t) / static_cast<std::size_t>(team);
+            const std::size_t hi = n * static_cast<std::size_t>(t + 1) / static_cast<std::size_t>(team);
+            auto key_at = [&](std::size_t i) {
+                return in_tmp ? tmp[i] : keyed ? std::bit_cast<u64>(a[i]) : key_of(a[i]);
+            };
+            std::size_t* c = &counts[static_cast<std::size_t>(t) * buckets];
+            if (team == 1) {
+                // One chunk: its counts are the whole data's.
+                std::copy(&totals[d * buckets], &totals[(d + 1) * buckets], c);
+            } else {
+                std::fill(c, c + buckets, std::size_t{0});
+                for (std::size_t i = lo; i < hi; ++i)
+                    ++c[(key_at(i) >> shift) & digit_mask];
             }
-        } else {
-            for (std::size_t i = 0; i < n; ++i) {
-                const u64 k = tmp[i];
-                a[c[(k >> shift) & digit_mask]++] = std::bit_cast<double>(k);
+#pragma omp barrier
+#pragma omp single
+            {
+                std::size_t offset = 0;
+                for (std::size_t b = 0; b < buckets; ++b)
+                    for (int u = 0; u < team; ++u) {
+                        std::size_t& cell = counts[static_cast<std::size_t>(u) * buckets + b];
+                        const std::size_t m = cell;
+                        cell = offset;
+                        offset += m;
+                    }
+            }
+            if (in_tmp) {
+                for (std::size_t i = lo; i < hi; ++i) {
+                    const u64 k = tmp[i];
+                    a[c[(k >> shift) & digit_mask]++] = std::bit_cast<double>(k);
+                }
+            } else {
+                for (std::size_t i = lo; i < hi; ++i) {
+                    const u64 k = key_at(i);
+                    tmp[c[(k >> shift) & digit_mask]++] = k;
+                }
             }
         }
         keyed = true;
         in_tmp = !in_tmp;
     }
     if (in_tmp) {
+#pragma omp parallel for num_threads(wanted) schedule(static)
         for (std::size_t i = 0; i < n; ++i)
             a[i] = double_of(tmp[i]);
     } else if (keyed) {
+#pragma omp parallel for num_threads(wanted) schedule(static)
         for (std::size_t i = 0; i < n; ++i)
             a[i] = double_of(std::bit_cast<u64>(a[i]));
     }

@@ -4,12 +4,14 @@
 // 631-637, and the CALERF routine of his special-function package), in three
 // intervals of a = |x|: a <= 0.46875, 0.46875 < a <= 4 and a > 4.  The factor
 // exp(-a^2) is formed as exp(-y^2) exp(-(a - y)(a + y)) with y = trunc(16a)/16,
-// so that the large exponent is exact.
+// so that the large exponent is exact; exp(-y^2) is read from a table of its
+// correctly rounded values (y = k/16, k < 426).
 #include "special/erf.hpp"
 
 #include <cmath>
 
 #include "gen/special.hpp"
+#include "special/erf_exp_table.hpp"
 
 namespace lbx::special {
 namespace {
@@ -63,12 +65,15 @@ inline double erfc_positive(double a) {
   if (a <= 4.0) {
     r = horner(kErfcC, a) / horner(kErfcD, a);
   } else {
-    const double z = 1.0 / (a * a);
-    r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) / a;
+    const double inv_a = 1.0 / a;  // one division for both 1/a^2 and the final /a
+    const double z = inv_a * inv_a;
+    r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) * inv_a;
   }
-  const double y = std::trunc(a * 16.0) / 16.0;
+  // exp(-y^2) for y = k/16 comes from the correctly rounded table.
+  const int k = static_cast<int>(a * 16.0);
+  const double y = k * 0.0625;
   const double del = (a - y) * (a + y);
-  return std::exp(-y * y) * std::exp(-del) * r;
+  return kExpMinusSquare16[k] * std::exp(-del) * r;
 }
 
 }  // namespace

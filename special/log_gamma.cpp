@@ -98,12 +98,20 @@ double log_gamma_kernel(double x) {
   }
   double s = 0.0;
   if (x <= 2.24e76) {
-    const double z = 1.0 / (x * x);
+    const double r = 1.0 / x;  // one division for both 1/x^2 and S/x
+    const double z = r * r;
     s = kStirling[6];
     for (int i = 5; i >= 0; --i) s = s * z + kStirling[i];
+    s *= r;
   }
   const double lnx = std::log(x);
-  return ((s / x + kLnSqrt2Pi) - 0.5 * lnx) + x * (lnx - 1.0);
+  return ((s + kLnSqrt2Pi) - 0.5 * lnx) + x * (lnx - 1.0);
+}
+
+double log_gamma_1p_kernel(double a) {
+  if (a <= 0.5) return a * (kD1 + a * ratio(kP1, kQ1, 1.0, a));
+  const double y = a - 1.0;  // exact for 0.5 < a < 1
+  return y * (kD2 + y * ratio(kP2, kQ2, 1.0, y));
 }
 
 double S14ABFN(double x, lbx::Fail& fail) {

@@ -16,30 +16,44 @@
 namespace lbx::stats {
 namespace {
 
+// ln(1 + d): two terms of the series for the tiny factors of a converging
+// fraction, the library logarithm otherwise.
+inline double log1p_small(double d) {
+  return std::fabs(d) < 1e-6 ? d - 0.5 * d * d : std::log1p(d);
+}
+
 constexpr int kMaxIterations = 1000000;
 
-// ln Gamma(a + b) - ln Gamma(a) - ln Gamma(b).
-double log_inverse_beta(double a, double b) {
+// a ln x + b ln y + ln Gamma(a + b) - ln Gamma(a) - ln Gamma(b), the
+// logarithm of x^a y^b / B(a, b); lx and ly are ln x and ln y.
+double log_beta_factor(double a, double b, double x, double y, double lx, double ly) {
   const double big = std::max(a, b);
-  const double small = std::min(a, b);
+  const double s = std::min(a, b);
   if (big < 10.0) {
     using lbx::special::log_gamma_kernel;
-    return log_gamma_kernel(a + b) - log_gamma_kernel(a) - log_gamma_kernel(b);
+    return a * lx + b * ly +
+           (log_gamma_kernel(a + b) - log_gamma_kernel(a) - log_gamma_kernel(b));
   }
   // ln Gamma(s + B) - ln Gamma(B) by Stirling's form: with
   // ln Gamma(z) = (z - 1/2) ln z - z + ln sqrt(2 pi) + r(z),
   // the difference is s ln(s + B) - s + (B - 1/2) ln(1 + s/B) + r(s + B) - r(B).
-  const double s = small;
+  // The term s ln(s + B) joins s ln v (v the variable paired with s) as
+  // s ln(v (s + B)), so that two large logarithms do not cancel.
   const double sum = s + big;
-  double ratio = s * std::log(sum) - s + (big - 0.5) * std::log1p(s / big) +
-                 stirling_remainder(sum) - stirling_remainder(big);
+  const bool a_small = a <= b;
+  const double v = a_small ? x : y;
+  const double lv = a_small ? lx : ly;
+  const double other = a_small ? b * ly : a * lx;
+  const double joined = v <= 0.5 ? std::log(v * sum) : lv + std::log(sum);
+  double r = s * joined - s + (big - 0.5) * std::log1p(s / big) +
+             stirling_remainder(sum) - stirling_remainder(big);
   if (s >= 10.0) {
     // ln Gamma(s) by the same form.
-    ratio -= (s - 0.5) * std::log(s) - s + 0.91893853320467274 + stirling_remainder(s);
+    r -= (s - 0.5) * std::log(s) - s + 0.91893853320467274 + stirling_remainder(s);
   } else {
-    ratio -= lbx::special::log_gamma_kernel(s);
+    r -= lbx::special::log_gamma_kernel(s);
   }
-  return ratio;
+  return other + r;
 }
 
 // Continued fraction for I_x(a, b) / (x^a y^b / (a B(a, b))), modified
@@ -61,14 +75,14 @@ double beta_fraction(double a, double b, double x, double y, bool& ok) {
   ok = false;
   auto step = [&](double aa) {
     const double d_old = d;
-    const double c_old = c;
+    const double inv_c = 1.0 / c;
     double den = 1.0 + aa * d_old;
     if (std::fabs(den) < tiny) den = tiny;
-    c = 1.0 + aa / c_old;
+    c = 1.0 + aa * inv_c;
     if (std::fabs(c) < tiny) c = tiny;
     d = 1.0 / den;
-    const double delm1 = aa * (1.0 / c_old - d_old) * d;
-    log_sum += std::log1p(delm1);
+    const double delm1 = aa * (inv_c - d_old) * d;
+    log_sum += log1p_small(delm1);
     return delm1;
   };
   for (int m = 1; m <= kMaxIterations; ++m) {
@@ -97,9 +111,10 @@ BetaProbabilities incomplete_beta(double a, double b, double x, double y) {
   // Logarithms of x and y without forming 1 - y or 1 - x again.
   const double lx = xx > 0.5 ? std::log1p(-yy) : std::log(xx);
   const double ly = yy > 0.5 ? std::log1p(-xx) : std::log(yy);
-  const double lead = std::exp(aa * lx + bb * ly + log_inverse_beta(aa, bb)) / aa;
+  const double lead = std::exp(log_beta_factor(aa, bb, xx, yy, lx, ly)) / aa;
   bool ok = true;
-  const double part = lead * beta_fraction(aa, bb, xx, yy, ok);
+  double part = lead * beta_fraction(aa, bb, xx, yy, ok);
+  if (part > 1.0) part = 1.0;  // a probability rounded beyond its bound
   if (direct) return {part, 1.0 - part, ok};
   return {1.0 - part, part, ok};
 }

@@ -7,7 +7,8 @@
 // exp(-a (u - ln(1 + u))) / (sqrt(2 pi a) exp(stirling_remainder(a))) with
 // u = (x - a)/a.  For a > 1e10 the iteration limit would be reached near the
 // mean; there the Wilson-Hilferty cube-root normal approximation is returned
-// with converged = false.
+// with converged = false (true more than 40 standard deviations out, where
+// the probabilities are 0 and 1 exactly).
 #include "stats/incomplete_gamma.hpp"
 
 #include <algorithm>
@@ -18,6 +19,12 @@
 
 namespace lbx::stats {
 namespace {
+
+// ln(1 + d): two terms of the series for the tiny factors of a converging
+// fraction, the library logarithm otherwise.
+inline double log1p_small(double d) {
+  return std::fabs(d) < 1e-6 ? d - 0.5 * d * d : std::log1p(d);
+}
 
 constexpr int kMaxIterations = 1000000;
 constexpr double kTolerance = 1e-17;
@@ -39,13 +46,22 @@ double gamma_prefactor(double a, double x) {
     const double phi = std::fabs(u) < 0.5 ? log1pmx_neg(u) : u - std::log(x / a);
     return std::exp(-a * phi - stirling_remainder(a)) / (kSqrt2Pi * std::sqrt(a));
   }
-  const double lg = lbx::special::log_gamma_kernel(a + 1.0);
-  if (x < 600.0) {
+  const double lg = a < 1.0 ? lbx::special::log_gamma_1p_kernel(a)
+                            : lbx::special::log_gamma_kernel(a + 1.0);
+  if (x < 1400.0) {
+    // x^a e^-x with each factor correctly rounded; e^-x in two halves so
+    // that it stays normal up to x = 1400.
     const double px = std::pow(x, a);
-    if (px > 1e-290 && px < 1e290) return px * std::exp(-x) * std::exp(-lg);
+    if (px > 1e-290 && px < 1e290) {
+      const double h = std::exp(-0.5 * x);
+      return px * h * h * std::exp(-lg);
+    }
   }
   return std::exp(a * std::log(x) - x - lg);
 }
+
+// A probability rounded a little beyond [0, 1] is put back at the bound.
+inline double clamp01(double v) { return v < 0.0 ? 0.0 : (v > 1.0 ? 1.0 : v); }
 
 // sum_{n>=0} x^n / ((a+1)...(a+n)); P = prefactor * sum.
 double series_sum(double a, double x, bool& ok) {
@@ -80,14 +96,14 @@ double upper_fraction(double a, double x, bool& ok) {
     const double an = -i * (i - a);
     b += 2.0;
     const double d_old = d;
-    const double c_old = c;
+    const double inv_c = 1.0 / c;
     double den = an * d_old + b;
     if (std::fabs(den) < tiny) den = tiny;
-    c = b + an / c_old;
+    c = b + an * inv_c;
     if (std::fabs(c) < tiny) c = tiny;
     d = 1.0 / den;
-    const double delm1 = an * (1.0 / c_old - d_old) * d;
-    log_sum += std::log1p(delm1);
+    const double delm1 = an * (inv_c - d_old) * d;
+    log_sum += log1p_small(delm1);
     if (std::fabs(delm1) <= kTolerance) {
       ok = true;
       break;
@@ -123,13 +139,15 @@ double log1pmx_neg(double u) {
 
 GammaProbabilities incomplete_gamma(double a, double x) {
   if (x <= 0.0) return {0.0, 1.0, true};
+  if (x == INFINITY) return {1.0, 0.0, true};
   if (a > 1e10) {
     // Wilson-Hilferty: (x/a)^(1/3) is nearly normal with mean 1 - 1/(9a),
     // variance 1/(9a).
     const double z = (std::cbrt(x / a) - (1.0 - 1.0 / (9.0 * a))) * std::sqrt(9.0 * a);
     const double c = 0.7071067811865475;
+    // More than 40 standard deviations out both tails are 0 and 1 exactly.
     return {0.5 * lbx::special::erfc_kernel(-z * c), 0.5 * lbx::special::erfc_kernel(z * c),
-            false};
+            std::fabs(z) > 40.0};
   }
   const double d = gamma_prefactor(a, x);
   if (a < 1.0 && x < 1.5) {
@@ -147,18 +165,18 @@ GammaProbabilities incomplete_gamma(double a, double x) {
       if (std::fabs(add) <= 1e-17 * std::fabs(t)) break;
     }
     t *= a;
-    const double e = std::expm1(a * std::log(x) - lbx::special::log_gamma_kernel(1.0 + a));
-    return {p, -(e + t + e * t), ok};
+    const double e = std::expm1(a * std::log(x) - lbx::special::log_gamma_1p_kernel(a));
+    return {clamp01(p), clamp01(-(e + t + e * t)), ok};
   }
   if (x < a + std::max(1.0, std::sqrt(a))) {
     // The series has positive terms and stays accurate up to a standard
     // deviation above the mean, where Q >= 0.15 still follows from 1 - P.
     bool ok = false;
-    const double p = d * series_sum(a, x, ok);
+    const double p = clamp01(d * series_sum(a, x, ok));
     return {p, 1.0 - p, ok};
   }
   bool ok = false;
-  const double q = d * a * upper_fraction(a, x, ok);
+  const double q = clamp01(d * a * upper_fraction(a, x, ok));
   return {1.0 - q, q, ok};
 }
 

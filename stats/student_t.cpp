@@ -3,14 +3,96 @@
 // With a = DF/2, x = DF/(DF + T^2) and y = T^2/(DF + T^2):
 // P(|T| >= |t|) = I_x(a, 1/2) and P(|T| <= |t|) = I_y(1/2, a), both from one
 // evaluation of the regularised incomplete beta function, so that each tail
-// keeps its relative accuracy.
+// keeps its relative accuracy.  For DF >= 50 and 0.75 < a ln(1 + T^2/DF),
+// ln(1 + T^2/DF) < 1 (the region where the continued fraction would run next
+// to the mean and cancel about log10(DF) digits) the tail comes from an
+// expansion in incomplete gamma functions of half-integer order instead.
 #include <cmath>
 
 #include "gen/stats.hpp"
+#include "special/erf.hpp"
+#include "stats/incomplete_gamma.hpp"
 #include "stats/incomplete_beta.hpp"
 #include "stats/tail.hpp"
 
 namespace lbx::stats {
+namespace {
+
+// Taylor coefficients of sqrt(v/(1 - exp(-v))), constant term first
+// (tools/t_series_coefficients.py, mpmath at 40 digits).
+constexpr double kTailSeries[24] = {
+    1.0,
+    0.25,
+    0.010416666666666666,
+    -0.0026041666666666665,
+    -9.765625e-05,
+    5.154079861111111e-05,
+    1.2756024718915344e-06,
+    -1.110097087880291e-06,
+    -1.9670584004181822e-08,
+    2.4836319884715677e-08,
+    3.3966619960386745e-10,
+    -5.690071833942187e-10,
+    -6.3372301556671304e-12,
+    1.3251315155878903e-11,
+    1.2468358960996804e-13,
+    -3.1229993780631886e-13,
+    -2.546988626356897e-15,
+    7.426702350918158e-15,
+    5.3488858900327365e-17,
+    -1.778579261088922e-16,
+    -1.1473989542270475e-18,
+    4.283476654726128e-18,
+    2.5030337435180244e-20,
+    -1.0363862910759544e-19,
+};
+
+// I_x(a, 1/2) with L = -ln x = ln(1 + T^2/DF), for a >= 25 and L < 1.
+// Substituting w = exp(-v) in the beta integral and expanding
+// sqrt(v/(1 - exp(-v))) = sum c_k v^k gives
+//   I = Gamma(a + 1/2)/(sqrt(pi) Gamma(a)) sum_k c_k G_k,
+//   G_k = Gamma(k + 1/2, aL)/a^(k + 1/2),
+// with G_0 = sqrt(pi/a) erfc(sqrt(aL)) and the upward recurrence
+// G_{k+1} = ((k + 1/2) G_k + L^(k + 1/2) exp(-aL))/a, whose terms are positive.
+double t_tail_expansion(double a, double log_x_inv) {
+  const double L = log_x_inv;
+  const double z = a * L;
+  // Gamma(a + 1/2)/(Gamma(a) sqrt(a)) through Stirling's form: its logarithm is
+  // a ln(1 + 1/(2a)) - 1/2 + r(a + 1/2) - r(a).
+  const double ratio = std::exp(a * std::log1p(0.5 / a) - 0.5 +
+                                stirling_remainder(a + 0.5) - stirling_remainder(a));
+  const double lead = lbx::special::erfc_kernel(std::sqrt(z));
+  constexpr double kSqrtPi = 1.7724538509055160;
+  const double ez = std::exp(-z);
+  double g = kSqrtPi / std::sqrt(a) * lead;  // G_0
+  double p = std::sqrt(L) * ez;              // L^(k + 1/2) exp(-z)
+  const double inv_a = 1.0 / a;
+  double sum = 0.0;
+  for (int k = 0; k + 1 < 24; ++k) {
+    g = ((k + 0.5) * g + p) * inv_a;  // G_{k+1}
+    p *= L;
+    const double term = kTailSeries[k + 1] * g;
+    sum += term;
+    if (std::fabs(term) <= 1e-18 * (lead + std::fabs(sum))) break;
+  }
+  return ratio * (lead + std::sqrt(a) / kSqrtPi * sum);
+}
+
+// The probability TAIL asks for, from the two-sided parts.
+double t_result(Tail which, double t, double both_tails, double central) {
+  switch (which) {
+    case Tail::significance:
+      return both_tails;
+    case Tail::confidence:
+      return central;
+    case Tail::upper:
+      return t >= 0.0 ? 0.5 * both_tails : 0.5 + 0.5 * central;
+    default:  // lower
+      return t >= 0.0 ? 0.5 + 0.5 * central : 0.5 * both_tails;
+  }
+}
+
+}  // namespace
 
 double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
   const Tail which = tail_code(tail);
@@ -24,6 +106,20 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
   }
   if (std::isnan(t)) return t;
   const double at = std::fabs(t);
+  double both_tails;  // P(|T| >= |t|)
+  double central;     // P(|T| <= |t|)
+  if (df > 1e20 || at == INFINITY) {
+    // Beyond 1e20 degrees of freedom the t distribution is the normal one to
+    // double precision (the first correction is about T^4/(4 DF) relative).
+    constexpr double c = 0.7071067811865475;  // 1/sqrt(2)
+    both_tails = lbx::special::erfc_kernel(at * c);
+    central = lbx::special::erf_kernel(at * c);
+    if (at == INFINITY) {
+      both_tails = 0.0;
+      central = 1.0;
+    }
+    return t_result(which, t, both_tails, central);
+  }
   double x;
   double y;
   if (at == 0.0) {
@@ -38,19 +134,17 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
     x = w / (at + w);
     y = at / (at + w);
   }
-  const BetaProbabilities b = incomplete_beta(0.5 * df, 0.5, x, y);
-  const double both_tails = b.p;  // P(|T| >= |t|)
-  const double central = b.q;     // P(|T| <= |t|)
-  switch (which) {
-    case Tail::significance:
-      return both_tails;
-    case Tail::confidence:
-      return central;
-    case Tail::upper:
-      return t >= 0.0 ? 0.5 * both_tails : 0.5 + 0.5 * central;
-    default:  // lower
-      return t >= 0.0 ? 0.5 + 0.5 * central : 0.5 * both_tails;
+  const double a = 0.5 * df;
+  const double log_x_inv = std::log1p(at / df * at);  // -ln x = ln(1 + T^2/DF)
+  if (a >= 25.0 && log_x_inv < 1.0 && a * log_x_inv > 0.75) {
+    both_tails = t_tail_expansion(a, log_x_inv);
+    central = 1.0 - both_tails;
+  } else {
+    const BetaProbabilities b = incomplete_beta(a, 0.5, x, y);
+    both_tails = b.p;
+    central = b.q;
   }
+  return t_result(which, t, both_tails, central);
 }
 
 }  // namespace lbx::stats

@@ -11,6 +11,8 @@
 #include <random>
 #include <vector>
 
+#include <omp.h>
+
 #include "lbx3207qk.h"
 
 namespace {
@@ -103,6 +105,30 @@ TEST(M01CAF, SingleElementSegmentMovesNothing)
     EXPECT_EQ(ifail, 0);
     EXPECT_EQ(rv[0], 3);
     EXPECT_EQ(rv[2], 1);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(M01CAF, ResultDoesNotDependOnTheNumberOfThreads)
+{
+    const std::vector<double> v = data(300001, 0, 99);
+    std::vector<double> one;
+    for (int threads : {1, 2, 3, 4}) {
+        omp_set_num_threads(threads);
+        std::vector<double> rv = v;
+        int m1 = 1, m2 = static_cast<int>(rv.size()), ifail = 0;
+        m01caf_(rv.data(), &m1, &m2, "A", &ifail, 1);
+        if (threads == 1)
+            one = rv;
+        else
+            EXPECT_TRUE(same_bits(rv, one)) << threads << " threads";
+    }
+    std::vector<double> sorted = v;
+    std::sort(sorted.begin(), sorted.end());
+    EXPECT_TRUE(same_bits(one, sorted));
+    omp_set_num_threads(omp_get_num_procs());
 }
 
 }  // namespace
