@@ -166,6 +166,7 @@ TEST(ZeroDriver, Outcomes)
         {"B < A", line(1), 3, 1, 1e-8, 0, DriverStatus::ok, 1, 0, 2},
         {"abs(f(A)) < ETA", line(1.1), 1, 3, 1e-8, 0.2, DriverStatus::ok, 1, 0, 1},
         {"abs(f(B)) < ETA", line(2.9), 1, 3, 1e-8, 0.2, DriverStatus::ok, 3, 0, 2},
+        {"abs(f(A)) = ETA is not accepted", line(1.25), 1, 3, 1e-8, 0.25, DriverStatus::ok, 1.25, 0, -1},
         {"A tried before B", line(1), 1, 1 + 0x1p-52, 1e-8, 0, DriverStatus::ok, 1, 0, 1},
         {"NaN at A, + at B: a sign change", nan_left(1), 0, 2, 1e-10, 0, DriverStatus::ok, 0.75, 2e-10, -1},
         {"NaN at A, - at B: the same sign", nan_left(-1), 0, 2, 1e-10, 0, DriverStatus::same_sign, NAN, 0, 2},

@@ -221,6 +221,8 @@ TEST(RootsErrors, C05AVF)
         {"IND = 0", 0.0, 1.0, -1.0, 2.0, 0, {2, 1005, {0}}},
         {"X+H on a bound", 0.0, 1.0, -1.0, 1.0, 1, {0, 0, {}}},
         {"X-H inside", 0.5, 1.0, -1.0, 1.0, 1, {0, 0, {}}},
+        {"X on the lower bound", -1.0, 1.0, -1.0, 1.0, 1, {0, 0, {}}},
+        {"X-H on the upper bound, X+H outside", 0.0, -2.0, -1.0, 2.0, 1, {0, 0, {}}},
     };
     for (const Case& k : cases) {
         char errbuf[200];
@@ -290,6 +292,7 @@ TEST(RootsErrors, C05AXF)
         {"TOL before IR", -1.0, 0.0, 9, 1, {1, 1002, {-1.0}}},
         {"IR before SCAL", 1e-8, 0.0, 3, 1, {1, 1003, {3}}},
         {"SCAL", 1e-8, 1e-17, 1, -1, {1, 1004, {1.0, 1e-17}}},
+        {"IND = 5 before TOL, IR and SCAL", 0.0, 0.0, 7, 5, {1, 1001, {5}}},
         {"IND = 0", 1e-8, 1e-3, 1, 0, {1, 1001, {0}}},
         {"SCAL = 0", 1e-8, 0.0, 1, 1, {1, 1004, {1.0, 0.0}}},
         {"IR = 2 accepted", 1e-8, 1e-3, 2, 1, {0, 0, {}}},
@@ -341,6 +344,7 @@ TEST(RootsErrors, C05AWFAndC05AJF)
     const Case cases[] = {
         {"EPS before NFMAX", 0.0, 0, exp_f, exp_old, {1, 1001, {0.0}}},
         {"NFMAX", 1e-8, -4, exp_f, exp_old, {1, 1002, {-4}}},
+        {"NFMAX = 0", 1e-8, 0, exp_f, exp_old, {1, 1002, {0}}},
         {"too many calls", 1e-12, 3, exp_f, exp_old, {2, 1003, {3}}},
     };
     for (const Case& k : cases) {
