@@ -40,16 +40,18 @@ TEST(RandomKnownAnswers, MersenneTwisterFromAuthorsState) {
   }
 }
 
-TEST(RandomKnownAnswers, MersenneTwisterInChunks) {
-  // Drawing in uneven pieces gives the same stream as one call.
-  std::vector<int> a = rt::make(3, init_genrand(19650218u)), b = a;
-  const std::vector<double> whole = rt::uniforms(a, 3000);
-  std::vector<double> pieces;
-  for (int n : {1, 623, 624, 625, 7, 1120}) {
-    const std::vector<double> p = rt::uniforms(b, n);
-    pieces.insert(pieces.end(), p.begin(), p.end());
+TEST(RandomKnownAnswers, DrawingInPiecesContinuesTheStream) {
+  // Uneven pieces (across the MT19937 block of 624 words) give the same stream as one call.
+  for (int genid = 1; genid <= 6; ++genid) {
+    std::vector<int> a = rt::make(genid, genid == 3 ? init_genrand(19650218u) : std::vector<int>{77}), b = a;
+    const std::vector<double> whole = rt::uniforms(a, 3000);
+    std::vector<double> pieces;
+    for (int n : {1, 623, 624, 625, 7, 1120}) {
+      const std::vector<double> p = rt::uniforms(b, n);
+      pieces.insert(pieces.end(), p.begin(), p.end());
+    }
+    EXPECT_EQ(pieces, whole) << genid;
   }
-  EXPECT_EQ(pieces, whole);
 }
 
 TEST(RandomKnownAnswers, Mrg32k3aFromAll12345) {
@@ -109,27 +111,35 @@ TEST(RandomKnownAnswers, AcornOrderTen) {
   EXPECT_EQ(even[5], 5);
 }
 
-TEST(RandomKnownAnswers, BasicGeneratorLongRun) {
-  // 13^13 x mod 2^60 in 128-bit arithmetic, 100000 steps from SEED(1) = 123456789.
-  std::vector<int> state = rt::make(1, {123456789});
-  const std::vector<double> u = rt::uniforms(state, 100000);
-  unsigned __int128 x = 4 * static_cast<unsigned __int128>(123456789) + 2, a = 1;
+// The basic generator written out independently: x0 = 4 SEED(1) + 2, x <- 13^13 x mod 2^60
+// in 128-bit arithmetic, u = x 2^-60 (the high and low 30 bits added separately).
+std::vector<double> basic_stream(int seed, int n) {
+  unsigned __int128 x = 4 * static_cast<unsigned __int128>(seed) + 2, a = 1;
   for (int i = 0; i < 13; ++i) a *= 13;
   const unsigned __int128 mod = static_cast<unsigned __int128>(1) << 60;
-  for (int i = 0; i < 100000; ++i) {
+  std::vector<double> u(n);
+  for (int i = 0; i < n; ++i) {
     x = a * x % mod;
     const std::uint64_t v = static_cast<std::uint64_t>(x);
-    const double expected = static_cast<double>(v >> 30) * 0x1p-30 +
-                            static_cast<double>(v & ((1u << 30) - 1)) * 0x1p-60;
-    ASSERT_EQ(u[i], expected) << i;
+    u[i] = static_cast<double>(v >> 30) * 0x1p-30 + static_cast<double>(v & ((1u << 30) - 1)) * 0x1p-60;
+  }
+  return u;
+}
+
+TEST(RandomKnownAnswers, BasicGenerator) {
+  // Seeds across the boundaries of the 15-bit digits of x0, and one long run.
+  struct Case { int seed; int n; };
+  for (Case c : {Case{1, 1000}, Case{8191, 1000}, Case{8192, 1000}, Case{2147483647, 1000},
+                 Case{123456789, 100000}}) {
+    std::vector<int> state = rt::make(1, {c.seed}, 1, 17);
+    EXPECT_EQ(rt::uniforms(state, c.n), basic_stream(c.seed, c.n)) << c.seed;
   }
 }
 
 TEST(RandomKnownAnswers, ShortSeedsAreFilledFromTheBasicGenerator) {
   // LSEED < words needed: SEED(1..LSEED-1) as given, the rest ceil(u * scale) from a basic
   // generator seeded with SEED(LSEED).
-  std::vector<int> basic = rt::make(1, {99});
-  const std::vector<double> b = rt::uniforms(basic, 6);
+  const std::vector<double> b = basic_stream(99, 6);
   std::vector<int> mrg = rt::make(6, {7, 8, 99});
   EXPECT_EQ(mrg[3], 7);
   EXPECT_EQ(mrg[4], 8);

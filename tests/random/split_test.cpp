@@ -119,48 +119,4 @@ TEST(RandomSplit, LeapFrogsCompose) {
   }
 }
 
-TEST(RandomSplit, Refusals) {
-  // ACORN cannot leap-frog (IFAIL 23), before any other check of the arguments.
-  std::vector<int> acorn = rt::make(5, {1});
-  EXPECT_EQ(rt::khf(2, 1, acorn), 23);
-  EXPECT_EQ(rt::khf(0, 1, acorn), 23);
-  std::vector<int> s = rt::make(1, {1});
-  EXPECT_EQ(rt::khf(0, 1, s), 1);
-  EXPECT_EQ(rt::khf(3, 0, s), 2);
-  EXPECT_EQ(rt::khf(3, 4, s), 2);
-  EXPECT_EQ(rt::kjf(-1, s), 1);
-  EXPECT_EQ(rt::kkf(-1, s), 1);
-  // MT19937 with the short block cannot skip ahead, but can leap-frog.
-  std::vector<int> mt = rt::make(3, {1}, 1, 633);
-  EXPECT_EQ(rt::kjf(10, mt), 5);
-  EXPECT_EQ(rt::kkf(1, mt), 5);
-  EXPECT_EQ(rt::khf(4, 2, mt), 0);
-  // Corrupt or unusable states.
-  std::vector<int> bad = rt::make(6, {1});
-  bad[60] = 1;
-  EXPECT_EQ(rt::khf(2, 1, bad), 3);
-  EXPECT_EQ(rt::kjf(2, bad), 2);
-  EXPECT_EQ(rt::kkf(2, bad), 2);
-  bad[2] = 0;
-  EXPECT_EQ(rt::khf(2, 1, bad), 3);
-  EXPECT_EQ(rt::kjf(-2, bad), 2);
-  // Traced entries: length fault and its message.
-  std::vector<int> ok = rt::make(1, {1});
-  char errbuf[200];
-  int n = 2, k = 1, lstate = 18, ifail = 1;
-  g05khft_(&n, &k, ok.data(), &lstate, errbuf, &ifail, 200);
-  EXPECT_EQ(ifail, 4);
-  g05kjft_(&n, ok.data(), &lstate, errbuf, &ifail, 200);
-  EXPECT_EQ(ifail, 3);
-  g05kkft_(&n, ok.data(), &lstate, errbuf, &ifail, 200);
-  EXPECT_EQ(ifail, 3);
-  lstate = 2;
-  g05kkft_(&n, ok.data(), &lstate, errbuf, &ifail, 200);
-  EXPECT_EQ(ifail, 2);
-  // An MT19937 stride that would leave the integer range is refused.
-  std::vector<int> mt2 = rt::make(3, {1});
-  EXPECT_EQ(rt::khf(65536, 1, mt2), 0);
-  EXPECT_EQ(rt::khf(65536, 1, mt2), 23);
-}
-
 }  // namespace

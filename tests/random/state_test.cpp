@@ -1,5 +1,5 @@
-// Generator state: required lengths, check order, layout of the basic generator, the state
-// check and SUBID selection.
+// Generator state: required lengths, the documented layout (check values and trailer), the
+// state check and SUBID selection. The argument checks and their order: messages_test.cpp.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -46,84 +46,6 @@ TEST(RandomState, MinimumLengthAndBlockChoice) {
   }
 }
 
-TEST(RandomState, CheckOrderOfInitialisation) {
-  struct Case { int genid; int lseed; int seed; int lstate; int ifail; };
-  const Case cases[] = {
-      {0, 0, 0, 0, 1},    {7, 1, 1, 17, 1},  {-1, 1, 1, 17, 1},  // GENID first
-      {1, 0, 0, 0, 4},                                       // then LSEED
-      {1, 1, 0, 0, -1},                                      // then the length query
-      {1, 1, 0, 16, 6},                                      // then the minimum length
-      {1, 1, 0, 17, 3},   {1, 1, -4, 17, 3}, {6, 1, 0, 61, 3},  // then the seed words
-  };
-  for (const Case& c : cases) {
-    std::vector<int> state(64, 0);
-    int genid = c.genid, subid = 1, seed = c.seed, lseed = c.lseed, lstate = c.lstate, ifail = 1;
-    g05kff_(&genid, &subid, &seed, &lseed, state.data(), &lstate, &ifail);
-    EXPECT_EQ(ifail, c.ifail) << "GENID " << c.genid << " LSEED " << c.lseed << " LSTATE "
-                              << c.lstate;
-  }
-  std::vector<int> state(64, 0);
-  int genid = 9, subid = 0, lstate = 0, ifail = 1;
-  g05kgf_(&genid, &subid, state.data(), &lstate, &ifail);
-  EXPECT_EQ(ifail, 1);
-  genid = 2;
-  lstate = 20;
-  ifail = 1;  // soft and silent: a hard failure would end the test process
-  g05kgf_(&genid, &subid, state.data(), &lstate, &ifail);
-  EXPECT_EQ(ifail, 6);
-}
-
-TEST(RandomState, SeedWordsOfEveryGeneratorMustBePositive) {
-  // Every word that the generator takes is checked; words beyond those are not read.
-  EXPECT_EQ(rt::make(1, {3, -1}).size(), 17u);
-  std::vector<int> state;
-  EXPECT_EQ(rt::init(2, 1, {1, 2, 0, 4}, state, 21), 3);
-  EXPECT_EQ(rt::init(2, 1, {1, 2, 3, 4, 0}, state, 21), 0);
-  EXPECT_EQ(rt::init(4, 1, {1, -2}, state, 29), 3);
-  EXPECT_EQ(rt::init(6, 1, {1, 2, 3, 4, 5, 0}, state, 61), 3);
-  EXPECT_EQ(rt::init(5, 1, {0}, state, 20), 3);
-  EXPECT_EQ(rt::init(3, 1, {4, 0}, state, 633), 3);
-  // A whole MT19937 state takes 32-bit patterns; only the all-zero state is refused.
-  std::vector<int> words(624, 0);
-  words[0] = 0x7fffffff;  // only the 31 bits that never matter
-  EXPECT_EQ(rt::init(3, 1, words, state, 633), 3);
-  words[0] = static_cast<int>(0x80000000u);
-  EXPECT_EQ(rt::init(3, 1, words, state, 633), 0);
-}
-
-TEST(RandomState, BasicGeneratorLayoutAndFirstValue) {
-  std::vector<int> state = rt::make(1, {1}, 1, 40);
-  const std::vector<int> expected = {17, 1234, 1, 0, 6, 0, 0, 0, 17917, 13895, 19930, 8,
-                                     0,  1234, 1, 1, 1234};
-  EXPECT_EQ(state, expected);
-  unsigned __int128 a = 1;
-  for (int i = 0; i < 13; ++i) a *= 13;
-  EXPECT_EQ(static_cast<std::uint64_t>(a), 17917u + 13895u * 32768u + 19930ull * 32768 * 32768 +
-                                               8ull * 32768 * 32768 * 32768);
-  const unsigned __int128 mod = static_cast<unsigned __int128>(1) << 60;
-  const std::uint64_t x1 = static_cast<std::uint64_t>(a * 6 % mod);
-  const double expected_u =
-      static_cast<double>(x1 >> 30) * 0x1p-30 + static_cast<double>(x1 & ((1u << 30) - 1)) * 0x1p-60;
-  const std::vector<double> u = rt::uniforms(state, 2);
-  EXPECT_EQ(u[0], expected_u);
-  const std::uint64_t x2 = static_cast<std::uint64_t>(a * x1 % mod);
-  EXPECT_EQ(u[1], static_cast<double>(x2 >> 30) * 0x1p-30 +
-                      static_cast<double>(x2 & ((1u << 30) - 1)) * 0x1p-60);
-  // The digits of x are written back: x2 in four 15-bit digits.
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(state[4 + i], static_cast<int>((x2 >> (15 * i)) & 0x7fff));
-}
-
-TEST(RandomState, BasicGeneratorSeedDigits) {
-  // x0 = 4 s + 2 in 15-bit digits: STATE(5) = 4 (s mod 8192) + 2, then floor(s / 8192).
-  for (int s : {1, 8191, 8192, 123456789, 2147483647}) {
-    std::vector<int> state = rt::make(1, {s}, 1, 17);
-    const std::uint64_t x0 = 4ull * static_cast<std::uint64_t>(s) + 2;
-    for (int i = 0; i < 4; ++i) {
-      EXPECT_EQ(state[4 + i], static_cast<int>((x0 >> (15 * i)) & 0x7fff)) << s;
-    }
-  }
-}
-
 TEST(RandomState, CheckValuesHeaderAndTrailer) {
   const int check[7] = {0, 1234, 2468, 3692, 4826, 5050, 4826};
   for (int genid = 1; genid <= 6; ++genid) {
@@ -136,14 +58,6 @@ TEST(RandomState, CheckValuesHeaderAndTrailer) {
     EXPECT_EQ(state[len - 2], 1);
     EXPECT_EQ(state[len - 1], check[genid]);
   }
-  // GENID 6 keeps its constants and moduli in the block.
-  std::vector<int> mrg = rt::make(6, {12345, 12345, 12345, 12345, 12345, 12345});
-  EXPECT_EQ(mrg[9], 1403580);
-  EXPECT_EQ(mrg[10], 810728);
-  EXPECT_EQ(mrg[11], 527612);
-  EXPECT_EQ(mrg[12], 1370589);
-  EXPECT_EQ(static_cast<std::uint32_t>(mrg[13]), 4294967087u);
-  EXPECT_EQ(static_cast<std::uint32_t>(mrg[14]), 4294944443u);
 }
 
 TEST(RandomState, CorruptionIsDetected) {
@@ -162,60 +76,6 @@ TEST(RandomState, CorruptionIsDetected) {
       std::vector<double> x(3);
       EXPECT_EQ(rt::saf(state, x), 2) << "GENID " << genid << " element " << d.index + 1;
     }
-  }
-}
-
-TEST(RandomState, SharedCheckValueDoesNotConfuseGenerators) {
-  // GENID 4 and 6 share the check value 4826; STATE(3) decides, and a relabelled block fails.
-  std::vector<int> wh2 = rt::make(4, {3});
-  wh2[2] = 6;
-  std::vector<double> x(2);
-  EXPECT_EQ(rt::saf(wh2, x), 2);
-  std::vector<int> mrg = rt::make(6, {3});
-  mrg[2] = 4;
-  EXPECT_EQ(rt::saf(mrg, x), 2);
-}
-
-TEST(RandomState, UniformCheckOrder) {
-  std::vector<int> state = rt::make(1, {5});
-  std::vector<double> x(4);
-  // N = 0 succeeds without the rest of the check when the header is usable.
-  std::vector<int> damaged = state;
-  damaged[16] = 99;
-  int n = 0, ifail = 1;
-  g05saf_(&n, damaged.data(), x.data(), &ifail);
-  EXPECT_EQ(ifail, 0);
-  n = -1;
-  ifail = 1;  // soft and silent: a hard failure would end the test process
-  g05saf_(&n, damaged.data(), x.data(), &ifail);
-  EXPECT_EQ(ifail, 1);
-  damaged[2] = 0;  // generator number outside 1..6 comes before N
-  ifail = 1;  // soft and silent: a hard failure would end the test process
-  g05saf_(&n, damaged.data(), x.data(), &ifail);
-  EXPECT_EQ(ifail, 2);
-  // Traced entry: the declared length.
-  char errbuf[200];
-  n = 2;
-  for (int lstate : {2, 0, -3}) {
-    g05saft_(&n, state.data(), x.data(), &lstate, errbuf, &ifail, 200);
-    EXPECT_EQ(ifail, 2) << lstate;
-  }
-  for (int lstate : {16, 18, 100000}) {
-    g05saft_(&n, state.data(), x.data(), &lstate, errbuf, &ifail, 200);
-    EXPECT_EQ(ifail, 4) << lstate;
-    EXPECT_EQ(rt::message_code(errbuf), 99997);
-  }
-  int lstate = 17;
-  g05saft_(&n, state.data(), x.data(), &lstate, errbuf, &ifail, 200);
-  EXPECT_EQ(ifail, 0);
-  // A STATE(1) that the generator never has is refused through the plain entry before
-  // anything beyond the array is read.
-  for (int len : {2000000000, 18, 633, 1260, 61}) {
-    damaged = state;
-    damaged[0] = len;
-    ifail = 1;  // soft and silent: a hard failure would end the test process
-    g05saf_(&n, damaged.data(), x.data(), &ifail);
-    EXPECT_EQ(ifail, 2) << len;
   }
 }
 
