@@ -46,7 +46,7 @@ TEST(RandomState, MinimumLengthAndBlockChoice) {
   }
 }
 
-TEST(RandomState, CheckValuesHeaderAndTrailer) {
+TEST(RandomState, DocumentedLayout) {
   const int check[7] = {0, 1234, 2468, 3692, 4826, 5050, 4826};
   for (int genid = 1; genid <= 6; ++genid) {
     std::vector<int> state = rt::make(genid, {11}, 1, genid == 3 ? 633 : 1260);
@@ -58,6 +58,14 @@ TEST(RandomState, CheckValuesHeaderAndTrailer) {
     EXPECT_EQ(state[len - 2], 1);
     EXPECT_EQ(state[len - 1], check[genid]);
   }
+  // GENID 1 element by element: x0 = 4 SEED(1) + 2 = 6 and 13^13 in 15-bit digits.
+  EXPECT_EQ(rt::make(1, {1}, 1, 40),
+            (std::vector<int>{17, 1234, 1, 0, 6, 0, 0, 0, 17917, 13895, 19930, 8, 0, 1234, 1, 1, 1234}));
+  // GENID 6: the multipliers and the moduli (as 32-bit words) of MRG32k3a.
+  const std::vector<int> mrg = rt::make(6, {12345, 12345, 12345, 12345, 12345, 12345});
+  EXPECT_EQ(std::vector<int>(mrg.begin() + 9, mrg.begin() + 13), (std::vector<int>{1403580, 810728, 527612, 1370589}));
+  EXPECT_EQ(static_cast<std::uint32_t>(mrg[13]), 4294967087u);
+  EXPECT_EQ(static_cast<std::uint32_t>(mrg[14]), 4294944443u);
 }
 
 TEST(RandomState, CorruptionIsDetected) {
