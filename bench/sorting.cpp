@@ -1,10 +1,14 @@
 // M01CAF through its plain entry against std::sort, on the same data in one run.
 // Report: ns per element; the ratio M01CAF / std::sort is the figure to watch.
+// threads:1 runs M01CAF on one thread, threads:0 on all processors (std::sort
+// is serial either way); kind 0 random, 1 sorted, 2 reversed.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <random>
 #include <vector>
+
+#include <omp.h>
 
 #include "lbx3207qk.h"
 
@@ -30,6 +34,8 @@ void run(benchmark::State& state, bool library)
 {
     const auto n = static_cast<std::size_t>(state.range(0));
     const auto kind = static_cast<Kind>(state.range(1));
+    const int threads = static_cast<int>(state.range(2));
+    omp_set_num_threads(threads > 0 ? threads : omp_get_num_procs());
     const std::vector<double> data = make(n, kind);
     std::vector<double> work(n);
     for (auto _ : state) {
@@ -56,8 +62,9 @@ void sizes(benchmark::internal::Benchmark* b)
 {
     for (int kind : {random_data, sorted_data, reversed_data})
         for (long n : {1000000L, 10000000L})
-            b->Args({n, kind});
-    b->ArgNames({"n", "kind"})->Unit(benchmark::kMillisecond)->UseRealTime();
+            for (long threads : {1L, 0L})
+                b->Args({n, kind, threads});
+    b->ArgNames({"n", "kind", "threads"})->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
 }  // namespace

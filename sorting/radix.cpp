@@ -36,7 +36,7 @@ constexpr u64 sign = u64{1} << 63;
 // Below this length the reference sort is as fast as the radix sort's set-up.
 constexpr long radix_threshold = 768;
 // From this length the passes are shared among the OpenMP threads.
-constexpr std::size_t parallel_threshold = std::size_t{1} << 16;
+constexpr std::size_t parallel_threshold = std::size_t{1} << 20;
 
 inline u64 key_of(double d)
 {

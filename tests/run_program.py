@@ -27,6 +27,9 @@ def main() -> int:
         problems.append(f"exit status {run.returncode}, expected {want_status}")
     fails = [l for l in out.splitlines() if l.startswith("FAIL")]
     problems += fails
+    if not out_file.exists() and "TSL hard failure" in out:
+        # Without an expected output a hard stop would pass unnoticed.
+        problems.append("the program ended in a hard failure")
     if out_file.exists():
         want = out_file.read_text(encoding="latin-1")
         if out != want:

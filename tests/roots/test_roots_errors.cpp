@@ -14,6 +14,8 @@
 
 namespace {
 
+const double kNaN = std::nan("");
+
 struct Coded {
     int ifail = 0;
     int code = 0;
@@ -60,7 +62,6 @@ void check(const Coded& got, const Expect& want, const std::string& what)
     }
 }
 
-const double kNaN = std::nan("");
 
 double pole_f(const double* x, int* iuser, double*) { ++iuser[0]; return 1.0 / (*x - 0.3); }
 double sq2_f(const double* x, int* iuser, double*) { ++iuser[0]; return *x * *x - 2.0; }
@@ -70,6 +71,8 @@ double sq2_old(const double* x) { return *x * *x - 2.0; }
 double plus_old(const double* x) { return *x * *x + 1.0; }
 double exp_f(const double* x, int* iuser, double*) { ++iuser[0]; return std::exp(-*x) - *x; }
 double exp_old(const double* x) { return std::exp(-*x) - *x; }
+double nanleft_f(const double* x, int* iuser, double*) { ++iuser[0]; return *x < 0.5 ? kNaN : 0.75 - *x; }
+double nanleft_old(const double* x) { return *x < 0.5 ? kNaN : 0.75 - *x; }
 
 // Drives C05AZFT from IND = 1 to the end.
 Coded run_c05azf(double (*f)(double), double x, double y, double tolx, int ir)
@@ -105,13 +108,28 @@ TEST(RootsErrors, C05AZF)
         {"IND = 0", 1.0, -1.0, 1e-8, 1, 0, {2, 1002, {0}}},
         {"IND = 7 before TOLX", 1.0, -1.0, -1.0, 9, 7, {2, 1002, {7}}},
         {"TOLX before IR", 1.0, -1.0, -2.5, 9, 4, {3, 1003, {-2.5}}},
-        {"IR", 1.0, -1.0, 1e-8, 3, 1, {3, 1004, {3}}},
+        {"same sign, both negative", -1.0, -2.0, 1e-8, 1, -1, {1, 1001, {-1.0, -2.0}}},
+        {"NaN FX counts as non-positive", kNaN, -1.0, 1e-8, 1, -1, {1, 1001, {kNaN, -1.0}}},
+        {"FX > 0, zero in C(1): a sign change", 2.0, 0.0, 1e-8, 1, -1, {0, 0, {}}},
+        {"NaN FX, C(1) > 0: a sign change", kNaN, 1.0, 1e-8, 1, -1, {0, 0, {}}},
+        {"FX < 0, C(1) > 0: a sign change", -1.0, 2.0, 1e-8, 1, -1, {0, 0, {}}},
+        {"IND = 5", 1.0, -1.0, 1e-8, 1, 5, {2, 1002, {5}}},
+        {"IND = -2 before TOLX and IR", 1.0, -1.0, 0.0, 7, -2, {2, 1002, {-2}}},
+        {"TOLX = 0 on a later entry", 1.0, -1.0, 0.0, 1, 4, {3, 1003, {0.0}}},
+        {"TOLX NaN", 1.0, -1.0, kNaN, 1, 4, {3, 1003, {kNaN}}},
+        {"IR = -1 on a later entry", 1.0, -1.0, 1e-8, -1, 4, {3, 1004, {-1}}},
+        {"IND = 3, IR = 0 accepted", 1.0, -1.0, 1e-8, 0, 3, {0, 0, {}}},
     };
     for (const Case& k : cases) {
-        double x = 1.0, y = 2.0, c[10];
+        double x = 1.0, y = 2.0, c[10] = {};
         c[0] = k.c1;
         int ind = k.ind, ifail = -1;
         c05azft_(&x, &y, &k.fx, &k.tolx, &k.ir, c, &ind, errbuf, &ifail, 200);
+        if (k.want.ifail == 0) {
+            EXPECT_EQ(ifail, 0) << k.what;
+            EXPECT_NE(ind, 0) << k.what;
+            continue;
+        }
         EXPECT_EQ(ind, 0) << k.what;
         check(split(errbuf, ifail), k.want, k.what);
     }
@@ -154,6 +172,8 @@ TEST(RootsErrors, C05AYFAndC05ADF)
     };
     const Case cases[] = {
         {"EPS before A = B", 1.0, 1.0, 0.0, sq2_f, sq2_old, {1, 1001, {0.0}}, 0},
+        {"EPS NaN", 1.0, 1.0, kNaN, sq2_f, sq2_old, {1, 1001, {kNaN}}, 0},
+        {"NaN at A counts as non-positive", 0.0, 2.0, 1e-10, nanleft_f, nanleft_old, {1, 1003, {kNaN, -1.25}}, 2},
         {"A = B", 1.5, 1.5, 1e-6, sq2_f, sq2_old, {1, 1002, {1.5, 1.5}}, 0},
         {"same sign", 2.0, 3.0, 1e-6, sq2_f, sq2_old, {1, 1003, {2.0, 7.0}}, 2},
         {"EPS too small", 1.0, 2.0, 1e-300, sq2_f, sq2_old, {2, 1004, {1e-300}}, -1},
@@ -190,17 +210,30 @@ TEST(RootsErrors, C05AVF)
         Expect want;
     };
     const Case cases[] = {
-        {"bounds order", 0.0, 1.0, 2.0, 2.0, 1, {1, 1001, {2.0, 2.0}}},
-        {"X outside", 3.0, 1.0, -1.0, 2.0, 1, {1, 1002, {3.0, -1.0, 2.0}}},
+        {"bounds equal, before X and H", 3.0, 0.0, 2.0, 2.0, 1, {1, 1001, {2.0, 2.0}}},
+        {"bounds reversed", 0.0, 1.0, 2.0, 1.0, 1, {1, 1001, {2.0, 1.0}}},
+        {"X outside, before H", 3.0, 0.0, -1.0, 2.0, 1, {1, 1002, {3.0, -1.0, 2.0}}},
+        {"H = 0", 0.0, 0.0, -1.0, 1.0, 1, {1, 1003, {0.0, 0.0}}},
         {"X+H = X", 1e20, 1.0, 0.0, 1e21, -1, {1, 1003, {1e20, 1.0}}},
         {"both outside", 0.0, 5.0, -1.0, 2.0, 1, {1, 1004, {0.0, 5.0, -1.0, 2.0}}},
+        {"both outside, H = 2", 0.0, 2.0, -1.0, 1.0, 1, {1, 1004, {0.0, 2.0, -1.0, 1.0}}},
         {"IND", 0.0, 1.0, -1.0, 2.0, 3, {2, 1005, {3}}},
+        {"IND = 0", 0.0, 1.0, -1.0, 2.0, 0, {2, 1005, {0}}},
+        {"X+H on a bound", 0.0, 1.0, -1.0, 1.0, 1, {0, 0, {}}},
+        {"X-H inside", 0.5, 1.0, -1.0, 1.0, 1, {0, 0, {}}},
+        {"X on the lower bound", -1.0, 1.0, -1.0, 1.0, 1, {0, 0, {}}},
+        {"X-H on the upper bound, X+H outside", 0.0, -2.0, -1.0, 2.0, 1, {0, 0, {}}},
     };
     for (const Case& k : cases) {
         char errbuf[200];
         double x = k.x, y = 0.0, fx = 1.0, c[11];
         int ind = k.ind, ifail = -1;
         c05avft_(&x, &fx, &k.h, &k.lo, &k.hi, &y, c, &ind, errbuf, &ifail, 200);
+        if (k.want.ifail == 0) {
+            EXPECT_EQ(ifail, 0) << k.what;
+            EXPECT_NE(ind, 0) << k.what;
+            continue;
+        }
         EXPECT_EQ(ind, 0) << k.what;
         check(split(errbuf, ifail), k.want, k.what);
     }
@@ -226,6 +259,7 @@ TEST(RootsErrors, C05AUFAndC05AGF)
     };
     const Case cases[] = {
         {"EPS before H", 1.0, 0.0, -1.0, sq2_f, sq2_old, {1, 1001, {-1.0}}},
+        {"EPS = 0", 1.0, 0.1, 0.0, sq2_f, sq2_old, {1, 1001, {0.0}}},
         {"X+H = X", 1.0, 1e-17, 1e-6, sq2_f, sq2_old, {1, 1002, {1.0, 1e-17}}},
         {"no sign change", 1.0, 0.5, 1e-6, plus_f, plus_old, {2, 1003, {-511.0, 513.0}}},
         {"EPS too small", 1.0, 0.1, 1e-300, sq2_f, sq2_old, {3, 1004, {1e-300}}},
@@ -259,12 +293,22 @@ TEST(RootsErrors, C05AXF)
         {"TOL before IR", -1.0, 0.0, 9, 1, {1, 1002, {-1.0}}},
         {"IR before SCAL", 1e-8, 0.0, 3, 1, {1, 1003, {3}}},
         {"SCAL", 1e-8, 1e-17, 1, -1, {1, 1004, {1.0, 1e-17}}},
+        {"IND = 5 before TOL, IR and SCAL", 0.0, 0.0, 7, 5, {1, 1001, {5}}},
+        {"IND = 0", 1e-8, 1e-3, 1, 0, {1, 1001, {0}}},
+        {"TOL = 0", 0.0, 1e-3, 1, 1, {1, 1002, {0.0}}},
+        {"SCAL = 0", 1e-8, 0.0, 1, 1, {1, 1004, {1.0, 0.0}}},
+        {"IR = 2 accepted", 1e-8, 1e-3, 2, 1, {0, 0, {}}},
     };
     for (const Case& k : cases) {
         char errbuf[200];
-        double x = 1.0, fx = 1.0, c[26];
+        double x = 1.0, fx = 1.0, c[26] = {};
         int ind = k.ind, ifail = -1;
         c05axft_(&x, &fx, &k.tol, &k.ir, &k.scal, c, &ind, errbuf, &ifail, 200);
+        if (k.want.ifail == 0) {
+            EXPECT_EQ(ifail, 0) << k.what;
+            EXPECT_NE(ind, 0) << k.what;
+            continue;
+        }
         EXPECT_EQ(ind, 0) << k.what;
         check(split(errbuf, ifail), k.want, k.what);
     }
@@ -302,6 +346,7 @@ TEST(RootsErrors, C05AWFAndC05AJF)
     const Case cases[] = {
         {"EPS before NFMAX", 0.0, 0, exp_f, exp_old, {1, 1001, {0.0}}},
         {"NFMAX", 1e-8, -4, exp_f, exp_old, {1, 1002, {-4}}},
+        {"NFMAX = 0", 1e-8, 0, exp_f, exp_old, {1, 1002, {0}}},
         {"too many calls", 1e-12, 3, exp_f, exp_old, {2, 1003, {3}}},
     };
     for (const Case& k : cases) {
@@ -328,6 +373,7 @@ TEST(RootsErrors, C05AWFAndC05AJF)
     EXPECT_EQ(got.code, 1004);
     ASSERT_EQ(got.values.size(), 1u);
     EXPECT_NEAR(std::strtod(got.values[0].c_str(), nullptr), x, 1e-15 * std::fabs(x));
+    EXPECT_LT(std::fabs(x), 1e-3); // stalled at the minimum of abs(f)
 }
 
 } // namespace

@@ -1,0 +1,93 @@
+// The six base generators: seeding, uniform generation, skip-ahead and leap-frog.
+// Each engine works on a whole STATE array whose validity has been checked by the caller.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace lbx::random {
+
+// Block length that GENID needs for a STATE of length lstate (lstate >= 1), as the
+// generator's own set-up reports it (MT19937 picks the long block when it fits).
+int block_length(int genid, int lstate);
+// Block length reported by the required-length query.
+int requested_block_length(int genid);
+// Smallest accepted LSTATE (block length + 3, the short block for MT19937).
+int minimum_lstate(int genid);
+
+// Seed words that GENID takes from SEED before the basic generator fills the rest.
+int seed_words_needed(int genid);
+
+// Validates the seed words that GENID uses; false means "invalid SEED".
+bool seeds_valid(int genid, const int* seed, int lseed);
+
+// Fills state[0 .. block-1] (header, block, closing check) and appends the trailer.
+// Preconditions: lstate >= block_length(genid, lstate) + 3 and seeds_valid(...).
+// May throw std::bad_alloc (working storage for the seed words).
+void initialise(int genid, int subid, const int* seed, int lseed, int* state, int lstate);
+
+// n uniforms on (0,1) from a valid state, advancing it.
+void fill_uniform(int* state, double* x, int n);
+
+// Per-generator content validation used by check_state (L = STATE(1) already verified).
+bool block_plausible(const int* state);
+
+// Skip-ahead by n values (n >= 0) and by 2^p values (p >= 0). Valid state assumed;
+// for MT19937 the long block is required (the caller checks).
+void skip_ahead(int* state, std::uint64_t n);
+void skip_ahead_pow2(int* state, int p);
+
+// Leap-frog (1 <= k <= n); not for ACORN. Returns false if the generator cannot take it
+// (ACORN, or an MT19937 stride that would leave the integer range).
+bool leap_frog(int* state, int n, int k);
+
+// The per-generator engines.
+namespace basic {
+void init(int s, int* state);
+void fill(int* state, double* x, int n);
+bool plausible(const int* state);
+void skip(int* state, std::uint64_t n);
+void skip_pow2(int* state, int p);
+void leap(int* state, int n, int k);
+}  // namespace basic
+namespace wh {
+void init(int subid, const std::vector<std::int64_t>& words, int* state);
+void fill(int* state, double* x, int n);
+bool plausible(const int* state);
+void skip(int* state, std::uint64_t n);
+void skip_pow2(int* state, int p);
+void leap(int* state, int n, int k);
+}  // namespace wh
+namespace mt {
+void init(const std::vector<std::uint32_t>& words, int* state, int block);
+void fill(int* state, double* x, int n);
+bool plausible(const int* state);
+void skip(int* state, std::uint64_t n);
+void skip_pow2(int* state, int p);
+bool leap(int* state, int n, int k);
+}  // namespace mt
+namespace wh2 {
+void init(const std::vector<std::int64_t>& words, int* state);
+void fill(int* state, double* x, int n);
+bool plausible(const int* state);
+void skip(int* state, std::uint64_t n);
+void skip_pow2(int* state, int p);
+void leap(int* state, int n, int k);
+}  // namespace wh2
+namespace acorn {
+void init(const std::vector<std::int64_t>& words, int* state);
+void fill(int* state, double* x, int n);
+bool plausible(const int* state);
+void skip(int* state, std::uint64_t n);
+void skip_pow2(int* state, int p);
+}  // namespace acorn
+namespace mrg {
+void init(const std::vector<std::int64_t>& words, int* state);
+void fill(int* state, double* x, int n);
+bool plausible(const int* state);
+void skip(int* state, std::uint64_t n);
+void skip_pow2(int* state, int p);
+void leap(int* state, int n, int k);
+}  // namespace mrg
+
+}  // namespace lbx::random
