@@ -50,6 +50,18 @@ inline ZeroReport finish_at_zero(double& x, double& y, int& ind)
     return {};
 }
 
+// Stores the iteration state in the caller's communication array.
+inline void save_state(double* w, double fa, double a, double b, double d, double e, double c, double fc)
+{
+    w[kFa] = fa;
+    w[kA] = a;
+    w[kB] = b;
+    w[kD] = d;
+    w[kE] = e;
+    w[kC] = c;
+    w[kFc] = fc;
+}
+
 // Brent's iteration step from the loaded state. Either asks for f at a new
 // point (ind = 4), asks for the final value at the converged point (ind = 4,
 // C(10) = 1), or fails at the accuracy limit (ind = 0).
@@ -77,13 +89,7 @@ inline ZeroReport finish_at_zero(double& x, double& y, int& ind)
 
     // 4. Convergence: ask for f at b once more (pole test).
     if (tol >= std::fabs(m) || fb == 0.0) {
-        w[kFa] = fa;
-        w[kA] = a;
-        w[kB] = b;
-        w[kD] = d;
-        w[kE] = e;
-        w[kC] = c;
-        w[kFc] = fc;
+        save_state(w, fa, a, b, d, e, c, fc);
         w[kDone] = 1.0;
         x = b;
         y = c;
@@ -140,13 +146,7 @@ inline ZeroReport finish_at_zero(double& x, double& y, int& ind)
         bnew = (c > b) ? b + tol : b - tol;
     }
     // 8. Save the state; the old b becomes a.
-    w[kFa] = fb;
-    w[kA] = b;
-    w[kB] = bnew;
-    w[kD] = d;
-    w[kE] = e;
-    w[kC] = c;
-    w[kFc] = fc;
+    save_state(w, fb, b, bnew, d, e, c, fc);
     x = bnew;
     ind = 4;
     return {};
