@@ -3,7 +3,7 @@ BUILD ?= build
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=Release
 JOBS ?= 2
 
-.PHONY: demo check bench deps configure clean
+.PHONY: demo check bench deps configure clean format
 
 deps:
 	@tools/install-deps.sh
@@ -26,3 +26,6 @@ bench: deps
 
 clean:
 	rm -rf $(BUILD) $(BUILD)-bench
+
+format:
+	git ls-files '*.cpp' '*.hpp' '*.h' '*.c' | xargs clang-format -i

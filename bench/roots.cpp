@@ -81,7 +81,8 @@ void bench_gsl(benchmark::State& state, int index)
         do {
             ++iter;
             gsl_root_fsolver_iterate(s);
-            status = gsl_root_test_interval(gsl_root_fsolver_x_lower(s), gsl_root_fsolver_x_upper(s), eps, 0.0);
+            status = gsl_root_test_interval(gsl_root_fsolver_x_lower(s),
+                                            gsl_root_fsolver_x_upper(s), eps, 0.0);
         } while (status == GSL_CONTINUE && iter < 1000);
         benchmark::DoNotOptimize(gsl_root_fsolver_root(s));
         ++solves;
@@ -101,4 +102,4 @@ const bool registered = [] {
     return true;
 }();
 
-} // namespace
+}  // namespace

@@ -50,13 +50,19 @@ void run(benchmark::State& state, bool library)
         }
         benchmark::DoNotOptimize(work.data());
     }
-    state.counters["ns/elem"] = benchmark::Counter(
-        static_cast<double>(n) * static_cast<double>(state.iterations()),
-        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["ns/elem"] =
+        benchmark::Counter(static_cast<double>(n) * static_cast<double>(state.iterations()),
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
-void M01CAF(benchmark::State& s) { run(s, true); }
-void StdSort(benchmark::State& s) { run(s, false); }
+void M01CAF(benchmark::State& s)
+{
+    run(s, true);
+}
+void StdSort(benchmark::State& s)
+{
+    run(s, false);
+}
 
 void sizes(benchmark::internal::Benchmark* b)
 {

@@ -24,32 +24,37 @@ namespace {
 
 constexpr int kPoints = 4096;
 
-std::vector<double> spread(double lo, double hi, unsigned seed = 7) {
-  std::mt19937_64 gen(seed);
-  std::uniform_real_distribution<double> u(lo, hi);
-  std::vector<double> v(kPoints);
-  for (double& x : v) x = u(gen);
-  return v;
+std::vector<double> spread(double lo, double hi, unsigned seed = 7)
+{
+    std::mt19937_64 gen(seed);
+    std::uniform_real_distribution<double> u(lo, hi);
+    std::vector<double> v(kPoints);
+    for (double& x : v)
+        x = u(gen);
+    return v;
 }
 
 template <class F>
-void sweep(benchmark::State& state, const std::vector<double>& xs, F f) {
-  for (auto _ : state) {
-    double sum = 0;
-    for (double x : xs) sum += f(x);
-    benchmark::DoNotOptimize(sum);
-  }
-  state.counters["per_call"] = benchmark::Counter(
-      kPoints, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+void sweep(benchmark::State& state, const std::vector<double>& xs, F f)
+{
+    for (auto _ : state) {
+        double sum = 0;
+        for (double x : xs)
+            sum += f(x);
+        benchmark::DoNotOptimize(sum);
+    }
+    state.counters["per_call"] = benchmark::Counter(
+        kPoints, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 // The implementation alone, with the failure writer the traced entry makes.
 template <class F>
-double impl(F f, double x) {
-  char errbuf[lbx::errbuf_length];
-  int ifail = 0;
-  lbx::Fail fail(errbuf, ifail);
-  return f(x, fail);
+double impl(F f, double x)
+{
+    char errbuf[lbx::errbuf_length];
+    int ifail = 0;
+    lbx::Fail fail(errbuf, ifail);
+    return f(x, fail);
 }
 
 const auto kGammaSmall = spread(0.01, 10.0);
@@ -69,21 +74,34 @@ const auto kChi = spread(0.0, 30.0);
 
 // The least of the repetitions (--benchmark_repetitions=N): on a shared
 // machine the fastest run is the one least disturbed.
-double least(const std::vector<double>& v) { return *std::min_element(v.begin(), v.end()); }
+double least(const std::vector<double>& v)
+{
+    return *std::min_element(v.begin(), v.end());
+}
 #define LBX_BENCH(fn) BENCHMARK(fn)->ComputeStatistics("min", least)
 
-double plain(double (*f)(const double*, int*), double x) {
-  int ifail = 1;
-  return f(&x, &ifail);
+double plain(double (*f)(const double*, int*), double x)
+{
+    int ifail = 1;
+    return f(&x, &ifail);
 }
 
-#define SPECIAL_BENCH(NAME, DATA, ENTRY, IMPL, PEER)                                    \
-  void NAME##_entry(benchmark::State& s) { sweep(s, DATA, [](double x) { return plain(ENTRY, x); }); } \
-  void NAME##_impl(benchmark::State& s) { sweep(s, DATA, [](double x) { return impl(IMPL, x); }); } \
-  void NAME##_peer(benchmark::State& s) { sweep(s, DATA, PEER); }                       \
-  LBX_BENCH(NAME##_entry);                                                               \
-  LBX_BENCH(NAME##_impl);                                                                \
-  LBX_BENCH(NAME##_peer);
+#define SPECIAL_BENCH(NAME, DATA, ENTRY, IMPL, PEER)              \
+    void NAME##_entry(benchmark::State& s)                        \
+    {                                                             \
+        sweep(s, DATA, [](double x) { return plain(ENTRY, x); }); \
+    }                                                             \
+    void NAME##_impl(benchmark::State& s)                         \
+    {                                                             \
+        sweep(s, DATA, [](double x) { return impl(IMPL, x); });   \
+    }                                                             \
+    void NAME##_peer(benchmark::State& s)                         \
+    {                                                             \
+        sweep(s, DATA, PEER);                                     \
+    }                                                             \
+    LBX_BENCH(NAME##_entry);                                      \
+    LBX_BENCH(NAME##_impl);                                       \
+    LBX_BENCH(NAME##_peer);
 
 SPECIAL_BENCH(S14AAF_gamma_0_10, kGammaSmall, s14aaf_, lbx::special::S14AAFN,
               [](double x) { return std::tgamma(x); })
@@ -91,12 +109,18 @@ SPECIAL_BENCH(S14AAF_gamma_10_170, kGammaLarge, s14aaf_, lbx::special::S14AAFN,
               [](double x) { return std::tgamma(x); })
 SPECIAL_BENCH(S14AAF_gamma_neg20_0, kGammaNeg, s14aaf_, lbx::special::S14AAFN,
               [](double x) { return std::tgamma(x); })
-SPECIAL_BENCH(S14ABF_lgamma_0_12, kLogGammaSmall, s14abf_, lbx::special::S14ABFN,
-              [](double x) { int s; return lgamma_r(x, &s); })
-SPECIAL_BENCH(S14ABF_lgamma_12_100, kLogGamma, s14abf_, lbx::special::S14ABFN,
-              [](double x) { int s; return lgamma_r(x, &s); })
-SPECIAL_BENCH(S14ABF_lgamma_100_1e6, kLogGammaLarge, s14abf_, lbx::special::S14ABFN,
-              [](double x) { int s; return lgamma_r(x, &s); })
+SPECIAL_BENCH(S14ABF_lgamma_0_12, kLogGammaSmall, s14abf_, lbx::special::S14ABFN, [](double x) {
+    int s;
+    return lgamma_r(x, &s);
+})
+SPECIAL_BENCH(S14ABF_lgamma_12_100, kLogGamma, s14abf_, lbx::special::S14ABFN, [](double x) {
+    int s;
+    return lgamma_r(x, &s);
+})
+SPECIAL_BENCH(S14ABF_lgamma_100_1e6, kLogGammaLarge, s14abf_, lbx::special::S14ABFN, [](double x) {
+    int s;
+    return lgamma_r(x, &s);
+})
 SPECIAL_BENCH(S15ADF_erfc, kErfc, s15adf_, lbx::special::S15ADFN,
               [](double x) { return std::erfc(x); })
 SPECIAL_BENCH(S15AEF_erf, kErf, s15aef_, lbx::special::S15AEFN,
@@ -109,45 +133,99 @@ SPECIAL_BENCH(S15AFF_dawson_gsl, kDawson, s15aff_, lbx::special::S15AFFN,
               [](double x) { return gsl_sf_dawson(x); })
 
 // Distribution routines with a TAIL argument.
-double g01eaf_l(double x) { int f = 1; char t = 'L'; return g01eaf_(&t, &x, &f, 1); }
-double g01faf_l(double p) { int f = 1; char t = 'L'; return g01faf_(&t, &p, &f, 1); }
+double g01eaf_l(double x)
+{
+    int f = 1;
+    char t = 'L';
+    return g01eaf_(&t, &x, &f, 1);
+}
+double g01faf_l(double p)
+{
+    int f = 1;
+    char t = 'L';
+    return g01faf_(&t, &p, &f, 1);
+}
 template <int DF>
-double g01ebf_u(double t) { int f = 1; char c = 'U'; double df = DF; return g01ebf_(&c, &t, &df, &f, 1); }
+double g01ebf_u(double t)
+{
+    int f = 1;
+    char c = 'U';
+    double df = DF;
+    return g01ebf_(&c, &t, &df, &f, 1);
+}
 template <int DF>
-double g01ecf_u(double x) { int f = 1; char c = 'U'; double df = DF; return g01ecf_(&c, &x, &df, &f, 1); }
+double g01ecf_u(double x)
+{
+    int f = 1;
+    char c = 'U';
+    double df = DF;
+    return g01ecf_(&c, &x, &df, &f, 1);
+}
 
-double g01eaf_impl(double x) {
-  return impl([](double v, lbx::Fail& f) { return lbx::stats::G01EAFN('L', v, f); }, x);
+double g01eaf_impl(double x)
+{
+    return impl([](double v, lbx::Fail& f) { return lbx::stats::G01EAFN('L', v, f); }, x);
 }
-double g01faf_impl(double p) {
-  return impl([](double v, lbx::Fail& f) { return lbx::stats::G01FAFN('L', v, f); }, p);
+double g01faf_impl(double p)
+{
+    return impl([](double v, lbx::Fail& f) { return lbx::stats::G01FAFN('L', v, f); }, p);
 }
 
-void G01EAF_normal_lower_entry(benchmark::State& s) { sweep(s, kNormal, g01eaf_l); }
-void G01EAF_normal_lower_impl(benchmark::State& s) { sweep(s, kNormal, g01eaf_impl); }
-void G01EAF_normal_lower_peer_glibc(benchmark::State& s) {
-  sweep(s, kNormal, [](double x) { return 0.5 * std::erfc(-x * 0.7071067811865475); });
+void G01EAF_normal_lower_entry(benchmark::State& s)
+{
+    sweep(s, kNormal, g01eaf_l);
 }
-void G01FAF_normal_deviate_entry(benchmark::State& s) { sweep(s, kProb, g01faf_l); }
-void G01FAF_normal_deviate_impl(benchmark::State& s) { sweep(s, kProb, g01faf_impl); }
-void G01FAF_normal_deviate_peer_gsl(benchmark::State& s) {
-  sweep(s, kProb, [](double p) { return gsl_cdf_ugaussian_Pinv(p); });
+void G01EAF_normal_lower_impl(benchmark::State& s)
+{
+    sweep(s, kNormal, g01eaf_impl);
 }
-void G01EBF_t_df5_entry(benchmark::State& s) { sweep(s, kT, g01ebf_u<5>); }
-void G01EBF_t_df5_peer_gsl(benchmark::State& s) {
-  sweep(s, kT, [](double t) { return gsl_cdf_tdist_Q(t, 5.0); });
+void G01EAF_normal_lower_peer_glibc(benchmark::State& s)
+{
+    sweep(s, kNormal, [](double x) { return 0.5 * std::erfc(-x * 0.7071067811865475); });
 }
-void G01EBF_t_df50_entry(benchmark::State& s) { sweep(s, kT, g01ebf_u<50>); }
-void G01EBF_t_df50_peer_gsl(benchmark::State& s) {
-  sweep(s, kT, [](double t) { return gsl_cdf_tdist_Q(t, 50.0); });
+void G01FAF_normal_deviate_entry(benchmark::State& s)
+{
+    sweep(s, kProb, g01faf_l);
 }
-void G01ECF_chi2_df5_entry(benchmark::State& s) { sweep(s, kChi, g01ecf_u<5>); }
-void G01ECF_chi2_df5_peer_gsl(benchmark::State& s) {
-  sweep(s, kChi, [](double x) { return gsl_cdf_chisq_Q(x, 5.0); });
+void G01FAF_normal_deviate_impl(benchmark::State& s)
+{
+    sweep(s, kProb, g01faf_impl);
 }
-void G01ECF_chi2_df20_entry(benchmark::State& s) { sweep(s, kChi, g01ecf_u<20>); }
-void G01ECF_chi2_df20_peer_gsl(benchmark::State& s) {
-  sweep(s, kChi, [](double x) { return gsl_cdf_chisq_Q(x, 20.0); });
+void G01FAF_normal_deviate_peer_gsl(benchmark::State& s)
+{
+    sweep(s, kProb, [](double p) { return gsl_cdf_ugaussian_Pinv(p); });
+}
+void G01EBF_t_df5_entry(benchmark::State& s)
+{
+    sweep(s, kT, g01ebf_u<5>);
+}
+void G01EBF_t_df5_peer_gsl(benchmark::State& s)
+{
+    sweep(s, kT, [](double t) { return gsl_cdf_tdist_Q(t, 5.0); });
+}
+void G01EBF_t_df50_entry(benchmark::State& s)
+{
+    sweep(s, kT, g01ebf_u<50>);
+}
+void G01EBF_t_df50_peer_gsl(benchmark::State& s)
+{
+    sweep(s, kT, [](double t) { return gsl_cdf_tdist_Q(t, 50.0); });
+}
+void G01ECF_chi2_df5_entry(benchmark::State& s)
+{
+    sweep(s, kChi, g01ecf_u<5>);
+}
+void G01ECF_chi2_df5_peer_gsl(benchmark::State& s)
+{
+    sweep(s, kChi, [](double x) { return gsl_cdf_chisq_Q(x, 5.0); });
+}
+void G01ECF_chi2_df20_entry(benchmark::State& s)
+{
+    sweep(s, kChi, g01ecf_u<20>);
+}
+void G01ECF_chi2_df20_peer_gsl(benchmark::State& s)
+{
+    sweep(s, kChi, [](double x) { return gsl_cdf_chisq_Q(x, 20.0); });
 }
 
 LBX_BENCH(G01EAF_normal_lower_entry);
@@ -167,36 +245,39 @@ LBX_BENCH(G01ECF_chi2_df20_peer_gsl);
 
 // The cost of the entry layers alone: erf at one argument through the plain
 // entry, the traced entry and the implementation.
-void Layers_S15AEF_plain(benchmark::State& s) {
-  double x = 0.75;
-  for (auto _ : s) {
-    benchmark::DoNotOptimize(x);
-    int ifail = 1;
-    benchmark::DoNotOptimize(s15aef_(&x, &ifail));
-  }
+void Layers_S15AEF_plain(benchmark::State& s)
+{
+    double x = 0.75;
+    for (auto _ : s) {
+        benchmark::DoNotOptimize(x);
+        int ifail = 1;
+        benchmark::DoNotOptimize(s15aef_(&x, &ifail));
+    }
 }
-void Layers_S15AEF_traced(benchmark::State& s) {
-  double x = 0.75;
-  char errbuf[lbx::errbuf_length];
-  for (auto _ : s) {
-    benchmark::DoNotOptimize(x);
-    int ifail = 1;
-    benchmark::DoNotOptimize(s15aeft_(&x, errbuf, &ifail, lbx::errbuf_length));
-  }
+void Layers_S15AEF_traced(benchmark::State& s)
+{
+    double x = 0.75;
+    char errbuf[lbx::errbuf_length];
+    for (auto _ : s) {
+        benchmark::DoNotOptimize(x);
+        int ifail = 1;
+        benchmark::DoNotOptimize(s15aeft_(&x, errbuf, &ifail, lbx::errbuf_length));
+    }
 }
-void Layers_S15AEF_impl(benchmark::State& s) {
-  double x = 0.75;
-  for (auto _ : s) {
-    benchmark::DoNotOptimize(x);
-    benchmark::DoNotOptimize(impl(lbx::special::S15AEFN, x));
-  }
+void Layers_S15AEF_impl(benchmark::State& s)
+{
+    double x = 0.75;
+    for (auto _ : s) {
+        benchmark::DoNotOptimize(x);
+        benchmark::DoNotOptimize(impl(lbx::special::S15AEFN, x));
+    }
 }
 LBX_BENCH(Layers_S15AEF_plain);
 LBX_BENCH(Layers_S15AEF_traced);
 LBX_BENCH(Layers_S15AEF_impl);
 
 struct GslQuiet {
-  GslQuiet() { gsl_set_error_handler_off(); }
+    GslQuiet() { gsl_set_error_handler_off(); }
 } gsl_quiet;
 
 }  // namespace

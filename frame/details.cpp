@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "gen/frame.hpp"
 #include "frame/units.hpp"
+#include "gen/frame.hpp"
 
 extern "C" char* openblas_get_config(void);
 extern "C" void x04bafn_(const int* nout, const char* rec, std::size_t len);
@@ -80,8 +80,8 @@ void A00AAFN()
 }
 
 void A00ADFN(std::span<char> impl, std::span<char> prec, std::span<char> pcode, int& mkmaj,
-             int& mkmin, std::span<char> hdware, std::span<char> opsys_out,
-             std::span<char> fcomp, std::span<char> vend)
+             int& mkmin, std::span<char> hdware, std::span<char> opsys_out, std::span<char> fcomp,
+             std::span<char> vend)
 {
     assign(impl, title);
     assign(prec, precision);

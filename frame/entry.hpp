@@ -29,7 +29,10 @@ int format_records(int error, const char* errbuf, std::span<const MessageText> t
                    char (*records)[80], int& nrecords);
 
 // A CHARACTER*1 option: its first character, or a blank for a zero-length string.
-inline char option_char(const char* s, std::size_t len) { return len > 0 ? s[0] : ' '; }
+inline char option_char(const char* s, std::size_t len)
+{
+    return len > 0 ? s[0] : ' ';
+}
 
 // A CHARACTER input of declared length (0 = assumed, the caller's length); never
 // reads beyond the caller's length.
@@ -54,7 +57,10 @@ inline std::string_view errbuf_text(const char* errbuf)
 
 // Call tracing.
 extern int trace_switch;
-inline bool tracing() { return trace_switch != 0; }
+inline bool tracing()
+{
+    return trace_switch != 0;
+}
 
 // One entry or exit frame: the header lines on construction, the closing
 // lines on destruction, an argument line per call in between.

@@ -68,7 +68,10 @@ void Fail::add(double v) noexcept
     field(text);
 }
 
-void Fail::add(char v) noexcept { field(std::string_view(&v, 1)); }
+void Fail::add(char v) noexcept
+{
+    field(std::string_view(&v, 1));
+}
 
 void Fail::add(std::string_view v) noexcept
 {

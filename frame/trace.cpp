@@ -27,7 +27,10 @@ constexpr int trace_width = 100;
 constexpr int name_width = 45;
 constexpr int value_width = 46;
 
-bool writing() { return trace_switch <= 2; }
+bool writing()
+{
+    return trace_switch <= 2;
+}
 
 void write_line(std::string_view text)
 {
@@ -71,7 +74,10 @@ std::string format_real(double v)
     return text;
 }
 
-std::string format_logical(int v) { return (v & 1) ? "              .TRUE." : "             .FALSE."; }
+std::string format_logical(int v)
+{
+    return (v & 1) ? "              .TRUE." : "             .FALSE.";
+}
 
 // Quoted text, split over as many lines as it needs.
 void character_lines(std::string_view name, std::string_view value, bool full)
@@ -87,14 +93,18 @@ void character_lines(std::string_view name, std::string_view value, bool full)
     }
     text += "'";
     for (std::size_t at = 0; at == 0 || at < text.size(); at += value_width)
-        argument_line(at == 0 ? name : std::string_view(), std::string_view(text).substr(at, value_width));
+        argument_line(at == 0 ? name : std::string_view(),
+                      std::string_view(text).substr(at, value_width));
 }
 
 }  // namespace
 
 // ---------------------------------------------------------------- switch
 
-void Y90GCFT(int itrace) { trace_switch = itrace; }
+void Y90GCFT(int itrace)
+{
+    trace_switch = itrace;
+}
 
 void Y90GCZN(int iflag, int& itrace)
 {
@@ -104,11 +114,17 @@ void Y90GCZN(int iflag, int& itrace)
         trace_switch = itrace;
 }
 
-int Y90GDFT() { return trace_switch != 0 && writing() ? 1 : 0; }
+int Y90GDFT()
+{
+    return trace_switch != 0 && writing() ? 1 : 0;
+}
 
 // ---------------------------------------------------------------- record writers
 
-void Y90AHFT(std::string_view text) { write_line(text); }
+void Y90AHFT(std::string_view text)
+{
+    write_line(text);
+}
 
 void Y90ADFT(std::string_view name, const int* value, bool addr)
 {
@@ -165,8 +181,9 @@ void Y90AJFT(std::string_view name, int m, int n, const double* a, int lda)
         return;
     for (int j = 0; j < n; ++j)
         for (int i = 0; i < m; ++i)
-            argument_line(std::string(name) + "(" + std::to_string(i + 1) + "," + std::to_string(j + 1) + ")",
-                          format_real(a[i + static_cast<long>(j) * lda]));
+            argument_line(
+                std::string(name) + "(" + std::to_string(i + 1) + "," + std::to_string(j + 1) + ")",
+                format_real(a[i + static_cast<long>(j) * lda]));
 }
 
 // ---------------------------------------------------------------- frames
@@ -187,10 +204,22 @@ TraceFrame::~TraceFrame()
     write_line("");
 }
 
-void TraceFrame::integer(std::string_view name, int v) { argument_line(name, format_int(v)); }
-void TraceFrame::real(std::string_view name, double v) { argument_line(name, format_real(v)); }
-void TraceFrame::logical(std::string_view name, int v) { argument_line(name, format_logical(v)); }
-void TraceFrame::character(std::string_view name, std::string_view v) { character_lines(name, v, false); }
+void TraceFrame::integer(std::string_view name, int v)
+{
+    argument_line(name, format_int(v));
+}
+void TraceFrame::real(std::string_view name, double v)
+{
+    argument_line(name, format_real(v));
+}
+void TraceFrame::logical(std::string_view name, int v)
+{
+    argument_line(name, format_logical(v));
+}
+void TraceFrame::character(std::string_view name, std::string_view v)
+{
+    character_lines(name, v, false);
+}
 
 void TraceFrame::array(std::string_view name, long length)
 {

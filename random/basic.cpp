@@ -13,104 +13,120 @@ namespace {
 constexpr std::uint64_t kMask60 = (std::uint64_t{1} << 60) - 1;
 constexpr std::uint64_t kMultiplier = 302875106592253;  // 13^13
 
-std::uint64_t get60(const int* d) {
-  return static_cast<std::uint64_t>(d[0]) | static_cast<std::uint64_t>(d[1]) << 15 |
-         static_cast<std::uint64_t>(d[2]) << 30 | static_cast<std::uint64_t>(d[3]) << 45;
+std::uint64_t get60(const int* d)
+{
+    return static_cast<std::uint64_t>(d[0]) | static_cast<std::uint64_t>(d[1]) << 15 |
+           static_cast<std::uint64_t>(d[2]) << 30 | static_cast<std::uint64_t>(d[3]) << 45;
 }
 
-void put60(int* d, std::uint64_t v) {
-  for (int i = 0; i < 4; ++i) d[i] = static_cast<int>((v >> (15 * i)) & 0x7fff);
+void put60(int* d, std::uint64_t v)
+{
+    for (int i = 0; i < 4; ++i)
+        d[i] = static_cast<int>((v >> (15 * i)) & 0x7fff);
 }
 
 // x * 2^-60 rounded once; a value that rounds up to 1 is held at the largest double below 1.
-inline double to_unit(std::uint64_t x) {
-  return std::min(static_cast<double>(static_cast<std::int64_t>(x)) * 0x1p-60, kBelowOne);
+inline double to_unit(std::uint64_t x)
+{
+    return std::min(static_cast<double>(static_cast<std::int64_t>(x)) * 0x1p-60, kBelowOne);
 }
 
-std::uint64_t pow_mod(std::uint64_t a, std::uint64_t e) {
-  std::uint64_t r = 1;
-  while (e) {
-    if (e & 1) r = r * a;
-    a = a * a;
-    e >>= 1;
-  }
-  return r & kMask60;
+std::uint64_t pow_mod(std::uint64_t a, std::uint64_t e)
+{
+    std::uint64_t r = 1;
+    while (e) {
+        if (e & 1)
+            r = r * a;
+        a = a * a;
+        e >>= 1;
+    }
+    return r & kMask60;
 }
 
 }  // namespace
 
-void init(int s, int* state) {
-  state[0] = kBlockBasic;
-  state[1] = kCheck[1];
-  state[2] = 1;
-  state[3] = 0;
-  state[4] = 4 * (s % 8192) + 2;
-  int q = s / 8192;
-  for (int i = 5; i < 8; ++i) {
-    state[i] = q & 0x7fff;
-    q >>= 15;
-  }
-  put60(state + 8, kMultiplier);  // 17917, 13895, 19930, 8
-  state[12] = 0;
-  state[13] = kCheck[1];
-}
-
-void fill(int* state, double* out, int n) {
-  const std::uint64_t a = get60(state + 8);
-  std::uint64_t x = get60(state + 4);
-  int i = 0;
-  if (n >= 8) {
-    // Four interleaved chains, each advanced by a^4, give the same sequence.
-    const std::uint64_t a2 = a * a, a3 = a2 * a, a4 = a3 * a;
-    std::uint64_t y0 = (a * x) & kMask60, y1 = (a2 * x) & kMask60;
-    std::uint64_t y2 = (a3 * x) & kMask60, y3 = (a4 * x) & kMask60;
-    for (; i + 4 <= n; i += 4) {
-      out[i] = to_unit(y0);
-      out[i + 1] = to_unit(y1);
-      out[i + 2] = to_unit(y2);
-      out[i + 3] = to_unit(y3);
-      x = y3;
-      y0 = (y0 * a4) & kMask60;
-      y1 = (y1 * a4) & kMask60;
-      y2 = (y2 * a4) & kMask60;
-      y3 = (y3 * a4) & kMask60;
+void init(int s, int* state)
+{
+    state[0] = kBlockBasic;
+    state[1] = kCheck[1];
+    state[2] = 1;
+    state[3] = 0;
+    state[4] = 4 * (s % 8192) + 2;
+    int q = s / 8192;
+    for (int i = 5; i < 8; ++i) {
+        state[i] = q & 0x7fff;
+        q >>= 15;
     }
-  }
-  for (; i < n; ++i) {
-    x = (a * x) & kMask60;
-    out[i] = to_unit(x);
-  }
-  put60(state + 4, x);
+    put60(state + 8, kMultiplier);  // 17917, 13895, 19930, 8
+    state[12] = 0;
+    state[13] = kCheck[1];
 }
 
-bool plausible(const int* state) {
-  if (state[0] != kBlockBasic + 3) return false;
-  for (int i = 4; i < 12; ++i) {
-    if (state[i] < 0 || state[i] > 0x7fff) return false;
-  }
-  return (state[4] & 3) == 2 && (state[8] & 3) == 1;
+void fill(int* state, double* out, int n)
+{
+    const std::uint64_t a = get60(state + 8);
+    std::uint64_t x = get60(state + 4);
+    int i = 0;
+    if (n >= 8) {
+        // Four interleaved chains, each advanced by a^4, give the same sequence.
+        const std::uint64_t a2 = a * a, a3 = a2 * a, a4 = a3 * a;
+        std::uint64_t y0 = (a * x) & kMask60, y1 = (a2 * x) & kMask60;
+        std::uint64_t y2 = (a3 * x) & kMask60, y3 = (a4 * x) & kMask60;
+        for (; i + 4 <= n; i += 4) {
+            out[i] = to_unit(y0);
+            out[i + 1] = to_unit(y1);
+            out[i + 2] = to_unit(y2);
+            out[i + 3] = to_unit(y3);
+            x = y3;
+            y0 = (y0 * a4) & kMask60;
+            y1 = (y1 * a4) & kMask60;
+            y2 = (y2 * a4) & kMask60;
+            y3 = (y3 * a4) & kMask60;
+        }
+    }
+    for (; i < n; ++i) {
+        x = (a * x) & kMask60;
+        out[i] = to_unit(x);
+    }
+    put60(state + 4, x);
 }
 
-void skip(int* state, std::uint64_t n) {
-  const std::uint64_t c = pow_mod(get60(state + 8), n);
-  put60(state + 4, (c * get60(state + 4)) & kMask60);
+bool plausible(const int* state)
+{
+    if (state[0] != kBlockBasic + 3)
+        return false;
+    for (int i = 4; i < 12; ++i) {
+        if (state[i] < 0 || state[i] > 0x7fff)
+            return false;
+    }
+    return (state[4] & 3) == 2 && (state[8] & 3) == 1;
 }
 
-void skip_pow2(int* state, int p) {
-  // The multiplier is 1 mod 4, so its order divides 2^58: beyond 64 squarings nothing changes.
-  std::uint64_t c = get60(state + 8);
-  for (int i = 0; i < p && i < 64; ++i) c = c * c;
-  put60(state + 4, (c * get60(state + 4)) & kMask60);
+void skip(int* state, std::uint64_t n)
+{
+    const std::uint64_t c = pow_mod(get60(state + 8), n);
+    put60(state + 4, (c * get60(state + 4)) & kMask60);
 }
 
-void leap(int* state, int n, int k) {
-  // New multiplier c^n; start from c^(k-n) x so that the first draw gives c^k x.
-  const std::uint64_t c = get60(state + 8);
-  std::uint64_t inv = c;  // Newton iteration for c^-1 mod 2^64 (c odd)
-  for (int i = 0; i < 6; ++i) inv *= 2 - c * inv;
-  const std::uint64_t x = get60(state + 4);
-  put60(state + 4, (pow_mod(inv, static_cast<std::uint64_t>(n - k)) * x) & kMask60);
-  put60(state + 8, pow_mod(c, static_cast<std::uint64_t>(n)));
+void skip_pow2(int* state, int p)
+{
+    // The multiplier is 1 mod 4, so its order divides 2^58: beyond 64 squarings nothing changes.
+    std::uint64_t c = get60(state + 8);
+    for (int i = 0; i < p && i < 64; ++i)
+        c = c * c;
+    put60(state + 4, (c * get60(state + 4)) & kMask60);
+}
+
+void leap(int* state, int n, int k)
+{
+    // New multiplier c^n; start from c^(k-n) x so that the first draw gives c^k x.
+    const std::uint64_t c = get60(state + 8);
+    std::uint64_t inv = c;  // Newton iteration for c^-1 mod 2^64 (c odd)
+    for (int i = 0; i < 6; ++i)
+        inv *= 2 - c * inv;
+    const std::uint64_t x = get60(state + 4);
+    put60(state + 4, (pow_mod(inv, static_cast<std::uint64_t>(n - k)) * x) & kMask60);
+    put60(state + 8, pow_mod(c, static_cast<std::uint64_t>(n)));
 }
 
 }  // namespace lbx::random::basic

@@ -10,23 +10,32 @@
 
 namespace lbx::random {
 
-void G05SKFN(int n, double xmu, double var, int* state, double* x, int lstate, lbx::Fail& fail) {
-  if (n < 0) return fail(G05SKF_msg::N_RANGE, n);
-  if (n == 0) return;
-  if (!(var >= 0.0)) return fail(G05SKF_msg::VAR_RANGE, var);
-  switch (check_state(state, lstate)) {
-    case StateStatus::length_fault: return fail(G05SKF_msg::LSTATE_MISMATCH, lstate);
-    case StateStatus::state_fault: return fail(G05SKF_msg::STATE_CORRUPT);
-    case StateStatus::ok: break;
-  }
-  if (var == 0.0) {
-    for (int i = 0; i < n; ++i) x[i] = xmu;
-    return;
-  }
-  fill_uniform(state, x, n);
-  const double sigma = std::sqrt(var);
+void G05SKFN(int n, double xmu, double var, int* state, double* x, int lstate, lbx::Fail& fail)
+{
+    if (n < 0)
+        return fail(G05SKF_msg::N_RANGE, n);
+    if (n == 0)
+        return;
+    if (!(var >= 0.0))
+        return fail(G05SKF_msg::VAR_RANGE, var);
+    switch (check_state(state, lstate)) {
+        case StateStatus::length_fault:
+            return fail(G05SKF_msg::LSTATE_MISMATCH, lstate);
+        case StateStatus::state_fault:
+            return fail(G05SKF_msg::STATE_CORRUPT);
+        case StateStatus::ok:
+            break;
+    }
+    if (var == 0.0) {
+        for (int i = 0; i < n; ++i)
+            x[i] = xmu;
+        return;
+    }
+    fill_uniform(state, x, n);
+    const double sigma = std::sqrt(var);
 #pragma omp parallel for schedule(static) if (n >= 4096)
-  for (int i = 0; i < n; ++i) x[i] = xmu + sigma * lbx::stats::inverse_normal(x[i]);
+    for (int i = 0; i < n; ++i)
+        x[i] = xmu + sigma * lbx::stats::inverse_normal(x[i]);
 }
 
 }  // namespace lbx::random

@@ -16,8 +16,8 @@
 // 39-45), for LAMBDA >= 10 (two uniforms per trial, about 1.15 trials per variate).
 // LAMBDA = 0 gives zeros without drawing. LAMBDA is limited to 2e9 so that every variate
 // is a valid 32-bit integer.
-#include <algorithm>
 #include <math.h>  // lgamma_r
+#include <algorithm>
 
 #include <cmath>
 #include <cstdint>
@@ -37,210 +37,249 @@ constexpr double kLogSqrt2Pi = 0.91893853320467274178;  // log(sqrt(2 pi))
 
 // log(n!) through the reentrant lgamma_r: std::lgamma writes the global signgam, which
 // would be a data race between threads drawing from different STATE arrays.
-double log_factorial(double n) {
-  int sign = 0;
-  return ::lgamma_r(n + 1.0, &sign);
+double log_factorial(double n)
+{
+    int sign = 0;
+    return ::lgamma_r(n + 1.0, &sign);
 }
 
 // log(n!) - ((n + 1/2) log n - n + log sqrt(2 pi)), Loader's stirlerr.
-double stirling_error(double n) {
-  if (n <= 15.0) return log_factorial(n) - (n + 0.5) * std::log(n) + n - kLogSqrt2Pi;
-  constexpr double s0 = 1.0 / 12, s1 = 1.0 / 360, s2 = 1.0 / 1260, s3 = 1.0 / 1680,
-                   s4 = 1.0 / 1188;
-  const double nn = n * n;
-  if (n > 500) return (s0 - s1 / nn) / n;
-  if (n > 80) return (s0 - (s1 - s2 / nn) / nn) / n;
-  if (n > 35) return (s0 - (s1 - (s2 - s3 / nn) / nn) / nn) / n;
-  return (s0 - (s1 - (s2 - (s3 - s4 / nn) / nn) / nn) / nn) / n;
+double stirling_error(double n)
+{
+    if (n <= 15.0)
+        return log_factorial(n) - (n + 0.5) * std::log(n) + n - kLogSqrt2Pi;
+    constexpr double s0 = 1.0 / 12, s1 = 1.0 / 360, s2 = 1.0 / 1260, s3 = 1.0 / 1680,
+                     s4 = 1.0 / 1188;
+    const double nn = n * n;
+    if (n > 500)
+        return (s0 - s1 / nn) / n;
+    if (n > 80)
+        return (s0 - (s1 - s2 / nn) / nn) / n;
+    if (n > 35)
+        return (s0 - (s1 - (s2 - s3 / nn) / nn) / nn) / n;
+    return (s0 - (s1 - (s2 - (s3 - s4 / nn) / nn) / nn) / nn) / n;
 }
 
 // x log(x / np) + np - x without cancellation (Loader's bd0).
-double deviance(double x, double np) {
-  if (std::fabs(x - np) < 0.1 * (x + np)) {
-    double v = (x - np) / (x + np);
-    double s = (x - np) * v;
-    double ej = 2.0 * x * v;
-    const double v2 = v * v;
-    for (int j = 1; j < 1000; ++j) {
-      ej *= v2;
-      const double s1 = s + ej / (2 * j + 1);
-      if (s1 == s) return s1;
-      s = s1;
+double deviance(double x, double np)
+{
+    if (std::fabs(x - np) < 0.1 * (x + np)) {
+        double v = (x - np) / (x + np);
+        double s = (x - np) * v;
+        double ej = 2.0 * x * v;
+        const double v2 = v * v;
+        for (int j = 1; j < 1000; ++j) {
+            ej *= v2;
+            const double s1 = s + ej / (2 * j + 1);
+            if (s1 == s)
+                return s1;
+            s = s1;
+        }
+        return s;
     }
-    return s;
-  }
-  return x * std::log(x / np) + np - x;
+    return x * std::log(x / np) + np - x;
 }
 
-double poisson_pmf(double k, double lambda) {
-  if (k == 0.0) return std::exp(-lambda);
-  return std::exp(-stirling_error(k) - deviance(k, lambda)) / std::sqrt(2.0 * M_PI * k);
+double poisson_pmf(double k, double lambda)
+{
+    if (k == 0.0)
+        return std::exp(-lambda);
+    return std::exp(-stirling_error(k) - deviance(k, lambda)) / std::sqrt(2.0 * M_PI * k);
 }
 
 struct Table {
-  double lo;
-  double count;
+    double lo;
+    double count;
 };
 
-Table table_extent(double lambda) {
-  const double root = std::sqrt(lambda);
-  const double lo = std::max(0.0, std::floor(lambda - 10.0 * root) - 1.0);
-  const double hi = std::ceil(lambda + 10.0 * root) + 20.0;
-  return {lo, hi - lo + 1.0};
+Table table_extent(double lambda)
+{
+    const double root = std::sqrt(lambda);
+    const double lo = std::max(0.0, std::floor(lambda - 10.0 * root) - 1.0);
+    const double hi = std::ceil(lambda + 10.0 * root) + 20.0;
+    return {lo, hi - lo + 1.0};
 }
 
-void set_up(double lambda, double* r) {
-  const Table t = table_extent(lambda);
-  const int m = static_cast<int>(t.count);
-  r[0] = kMarker;
-  r[1] = lambda;
-  r[2] = t.lo;
-  r[3] = t.count;
-  // P(X < lo): zero when lo = 0, else the geometric bound p(lo) lo / (lambda - lo) of a tail
-  // that lies 10 standard deviations out (below 1e-20).
-  const double below = t.lo > 0.0 ? poisson_pmf(t.lo, lambda) * t.lo / (lambda - t.lo) : 0.0;
-  r[4] = below;
-  double sum = below, comp = 0.0;  // compensated summation
-  for (int j = 0; j < m; ++j) {
-    const double y = poisson_pmf(t.lo + j, lambda) - comp;
-    const double s = sum + y;
-    comp = (s - sum) - y;
-    sum = s;
-    r[kHeader + j] = std::min(sum, 1.0);
-  }
-  r[kHeader + m - 1] = 1.0;  // the mass beyond the table is below the resolution of u
-}
-
-bool reference_usable(const double* r, int lr) {
-  if (lr < kHeader + 1 || r[0] != kMarker) return false;
-  const double lambda = r[1], lo = r[2], m = r[3];
-  if (!(lambda >= 0.0) || !(lambda <= kLambdaMax) || !(lo >= 0.0) || lo != std::floor(lo) ||
-      !(m >= 1.0) || m != std::floor(m) || m > lr - kHeader) {
-    return false;
-  }
-  const Table t = table_extent(lambda);
-  return t.lo == lo && t.count == m && r[4] >= 0.0 && r[4] < 1.0 &&
-         r[kHeader + static_cast<int>(m) - 1] == 1.0;
-}
-
-int draw_from_table(const double* r, double u) {
-  const double lambda = r[1];
-  const int lo = static_cast<int>(r[2]);
-  const int m = static_cast<int>(r[3]);
-  const double* f = r + kHeader;
-  if (u <= r[4]) {  // below the table: walk down from lo - 1
-    int k = lo - 1;
-    double c = r[4];
-    double p = poisson_pmf(k, lambda);
-    while (k > 0 && u <= c - p) {
-      c -= p;
-      p *= k / lambda;
-      --k;
+void set_up(double lambda, double* r)
+{
+    const Table t = table_extent(lambda);
+    const int m = static_cast<int>(t.count);
+    r[0] = kMarker;
+    r[1] = lambda;
+    r[2] = t.lo;
+    r[3] = t.count;
+    // P(X < lo): zero when lo = 0, else the geometric bound p(lo) lo / (lambda - lo) of a tail
+    // that lies 10 standard deviations out (below 1e-20).
+    const double below = t.lo > 0.0 ? poisson_pmf(t.lo, lambda) * t.lo / (lambda - t.lo) : 0.0;
+    r[4] = below;
+    double sum = below, comp = 0.0;  // compensated summation
+    for (int j = 0; j < m; ++j) {
+        const double y = poisson_pmf(t.lo + j, lambda) - comp;
+        const double s = sum + y;
+        comp = (s - sum) - y;
+        sum = s;
+        r[kHeader + j] = std::min(sum, 1.0);
     }
-    return k;
-  }
-  const int j = static_cast<int>(std::lower_bound(f, f + m, u) - f);
-  return lo + std::min(j, m - 1);
+    r[kHeader + m - 1] = 1.0;  // the mass beyond the table is below the resolution of u
+}
+
+bool reference_usable(const double* r, int lr)
+{
+    if (lr < kHeader + 1 || r[0] != kMarker)
+        return false;
+    const double lambda = r[1], lo = r[2], m = r[3];
+    if (!(lambda >= 0.0) || !(lambda <= kLambdaMax) || !(lo >= 0.0) || lo != std::floor(lo) ||
+        !(m >= 1.0) || m != std::floor(m) || m > lr - kHeader) {
+        return false;
+    }
+    const Table t = table_extent(lambda);
+    return t.lo == lo && t.count == m && r[4] >= 0.0 && r[4] < 1.0 &&
+           r[kHeader + static_cast<int>(m) - 1] == 1.0;
+}
+
+int draw_from_table(const double* r, double u)
+{
+    const double lambda = r[1];
+    const int lo = static_cast<int>(r[2]);
+    const int m = static_cast<int>(r[3]);
+    const double* f = r + kHeader;
+    if (u <= r[4]) {  // below the table: walk down from lo - 1
+        int k = lo - 1;
+        double c = r[4];
+        double p = poisson_pmf(k, lambda);
+        while (k > 0 && u <= c - p) {
+            c -= p;
+            p *= k / lambda;
+            --k;
+        }
+        return k;
+    }
+    const int j = static_cast<int>(std::lower_bound(f, f + m, u) - f);
+    return lo + std::min(j, m - 1);
 }
 
 // Sequential-search inversion for small LAMBDA; one uniform per variate.
-int draw_small(double lambda, double u, double p0) {
-  int k = 0;
-  double p = p0, c = p0;
-  while (u > c && k < 1000) {
-    ++k;
-    p *= lambda / k;
-    c += p;
-    if (p == 0.0) break;  // c has stopped growing: u lies in the rounding of the last term
-  }
-  return k;
+int draw_small(double lambda, double u, double p0)
+{
+    int k = 0;
+    double p = p0, c = p0;
+    while (u > c && k < 1000) {
+        ++k;
+        p *= lambda / k;
+        c += p;
+        if (p == 0.0)
+            break;  // c has stopped growing: u lies in the rounding of the last term
+    }
+    return k;
 }
 
 class Ptrs {
- public:
-  explicit Ptrs(double lambda)
-      : lambda_(lambda),
-        log_lambda_(std::log(lambda)),
-        b_(0.931 + 2.53 * std::sqrt(lambda)),
-        a_(-0.059 + 0.02483 * b_),
-        log_inv_alpha_(std::log(1.1239 + 1.1328 / (b_ - 3.4))),
-        vr_(0.9277 - 3.6224 / (b_ - 2.0)) {}
-
-  int draw(int* state) const {
-    double uv[2];
-    for (;;) {
-      fill_uniform(state, uv, 2);
-      const double u = uv[0] - 0.5, v = uv[1];
-      const double us = 0.5 - std::fabs(u);
-      const double k = std::floor((2.0 * a_ / us + b_) * u + lambda_ + 0.43);
-      if (us >= 0.07 && v <= vr_) return static_cast<int>(k);
-      if (k < 0.0 || (us < 0.013 && v > us)) continue;
-      if (std::log(v) + log_inv_alpha_ - std::log(a_ / (us * us) + b_) <=
-          -lambda_ + k * log_lambda_ - log_factorial(k)) {
-        return static_cast<int>(k);
-      }
+public:
+    explicit Ptrs(double lambda)
+        : lambda_(lambda),
+          log_lambda_(std::log(lambda)),
+          b_(0.931 + 2.53 * std::sqrt(lambda)),
+          a_(-0.059 + 0.02483 * b_),
+          log_inv_alpha_(std::log(1.1239 + 1.1328 / (b_ - 3.4))),
+          vr_(0.9277 - 3.6224 / (b_ - 2.0))
+    {
     }
-  }
 
- private:
-  double lambda_, log_lambda_, b_, a_, log_inv_alpha_, vr_;
+    int draw(int* state) const
+    {
+        double uv[2];
+        for (;;) {
+            fill_uniform(state, uv, 2);
+            const double u = uv[0] - 0.5, v = uv[1];
+            const double us = 0.5 - std::fabs(u);
+            const double k = std::floor((2.0 * a_ / us + b_) * u + lambda_ + 0.43);
+            if (us >= 0.07 && v <= vr_)
+                return static_cast<int>(k);
+            if (k < 0.0 || (us < 0.013 && v > us))
+                continue;
+            if (std::log(v) + log_inv_alpha_ - std::log(a_ / (us * us) + b_) <=
+                -lambda_ + k * log_lambda_ - log_factorial(k)) {
+                return static_cast<int>(k);
+            }
+        }
+    }
+
+private:
+    double lambda_, log_lambda_, b_, a_, log_inv_alpha_, vr_;
 };
 
 }  // namespace
 
 void G05TJFN(int mode, int n, double lambda, double* r, int lr, int* state, int* x, int lstate,
-             lbx::Fail& fail) {
-  if (mode < 0 || mode > 3) return fail(G05TJF_msg::MODE_RANGE, mode);
-  if (n < 0) return fail(G05TJF_msg::N_RANGE, n);
-  if (!(lambda >= 0.0)) return fail(G05TJF_msg::LAMBDA_RANGE, lambda);
-  if (mode == 0 || mode == 2) {
-    const double need = table_extent(std::min(lambda, 1e300)).count + kHeader;
-    if (need > 2147483647.0) return fail(G05TJF_msg::LAMBDA_TOO_LARGE, lambda);
-  }
-  if (lambda > kLambdaMax) return fail(G05TJF_msg::LAMBDA_LIMIT, lambda, kLambdaMax);
-  if (mode == 1) {
-    if (!reference_usable(r, lr)) return fail(G05TJF_msg::R_CORRUPT);
-    if (r[1] != lambda) return fail(G05TJF_msg::LAMBDA_CHANGED, r[1], lambda);
-  }
-  if (mode == 0 || mode == 2) {
-    const int need = static_cast<int>(table_extent(lambda).count) + kHeader;
-    if (lr < need) return fail(G05TJF_msg::LR_SMALL, lr, need);
-  }
-  if (mode != 0 && n > 0) {
-    switch (check_state(state, lstate)) {
-      case StateStatus::length_fault: return fail(G05TJF_msg::LSTATE_MISMATCH, lstate);
-      case StateStatus::state_fault: return fail(G05TJF_msg::STATE_CORRUPT);
-      case StateStatus::ok: break;
+             lbx::Fail& fail)
+{
+    if (mode < 0 || mode > 3)
+        return fail(G05TJF_msg::MODE_RANGE, mode);
+    if (n < 0)
+        return fail(G05TJF_msg::N_RANGE, n);
+    if (!(lambda >= 0.0))
+        return fail(G05TJF_msg::LAMBDA_RANGE, lambda);
+    if (mode == 0 || mode == 2) {
+        const double need = table_extent(std::min(lambda, 1e300)).count + kHeader;
+        if (need > 2147483647.0)
+            return fail(G05TJF_msg::LAMBDA_TOO_LARGE, lambda);
     }
-  }
-  if (mode == 0 || mode == 2) set_up(lambda, r);
-  if (mode == 0 || n == 0) return;
-  if (lambda == 0.0) {
-    std::fill(x, x + n, 0);
-    return;
-  }
-  if (mode == 1 || mode == 2) {
-    // Uniforms in blocks, transformed in place: one uniform per variate.
-    double u[256];
-    for (int i = 0; i < n; i += 256) {
-      const int len = std::min(256, n - i);
-      fill_uniform(state, u, len);
-      for (int j = 0; j < len; ++j) x[i + j] = draw_from_table(r, u[j]);
+    if (lambda > kLambdaMax)
+        return fail(G05TJF_msg::LAMBDA_LIMIT, lambda, kLambdaMax);
+    if (mode == 1) {
+        if (!reference_usable(r, lr))
+            return fail(G05TJF_msg::R_CORRUPT);
+        if (r[1] != lambda)
+            return fail(G05TJF_msg::LAMBDA_CHANGED, r[1], lambda);
     }
-    return;
-  }
-  if (lambda < 10.0) {
-    const double p0 = std::exp(-lambda);
-    double u[256];
-    for (int i = 0; i < n; i += 256) {
-      const int len = std::min(256, n - i);
-      fill_uniform(state, u, len);
-      for (int j = 0; j < len; ++j) x[i + j] = draw_small(lambda, u[j], p0);
+    if (mode == 0 || mode == 2) {
+        const int need = static_cast<int>(table_extent(lambda).count) + kHeader;
+        if (lr < need)
+            return fail(G05TJF_msg::LR_SMALL, lr, need);
     }
-    return;
-  }
-  const Ptrs ptrs(lambda);
-  for (int i = 0; i < n; ++i) x[i] = ptrs.draw(state);
+    if (mode != 0 && n > 0) {
+        switch (check_state(state, lstate)) {
+            case StateStatus::length_fault:
+                return fail(G05TJF_msg::LSTATE_MISMATCH, lstate);
+            case StateStatus::state_fault:
+                return fail(G05TJF_msg::STATE_CORRUPT);
+            case StateStatus::ok:
+                break;
+        }
+    }
+    if (mode == 0 || mode == 2)
+        set_up(lambda, r);
+    if (mode == 0 || n == 0)
+        return;
+    if (lambda == 0.0) {
+        std::fill(x, x + n, 0);
+        return;
+    }
+    if (mode == 1 || mode == 2) {
+        // Uniforms in blocks, transformed in place: one uniform per variate.
+        double u[256];
+        for (int i = 0; i < n; i += 256) {
+            const int len = std::min(256, n - i);
+            fill_uniform(state, u, len);
+            for (int j = 0; j < len; ++j)
+                x[i + j] = draw_from_table(r, u[j]);
+        }
+        return;
+    }
+    if (lambda < 10.0) {
+        const double p0 = std::exp(-lambda);
+        double u[256];
+        for (int i = 0; i < n; i += 256) {
+            const int len = std::min(256, n - i);
+            fill_uniform(state, u, len);
+            for (int j = 0; j < len; ++j)
+                x[i + j] = draw_small(lambda, u[j], p0);
+        }
+        return;
+    }
+    const Ptrs ptrs(lambda);
+    for (int i = 0; i < n; ++i)
+        x[i] = ptrs.draw(state);
 }
 
 }  // namespace lbx::random

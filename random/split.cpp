@@ -11,49 +11,76 @@
 namespace lbx::random {
 namespace {
 
-bool header_usable(const int* state, int lstate) {
-  return lstate >= 3 && state[2] >= 1 && state[2] <= 6;
+bool header_usable(const int* state, int lstate)
+{
+    return lstate >= 3 && state[2] >= 1 && state[2] <= 6;
 }
 
-bool mt_short(const int* state) { return state[2] == 3 && state[0] == kBlockMtShort + 3; }
+bool mt_short(const int* state)
+{
+    return state[2] == 3 && state[0] == kBlockMtShort + 3;
+}
 
 }  // namespace
 
-void G05KHFN(int n, int k, int* state, int lstate, lbx::Fail& fail) {
-  if (!header_usable(state, lstate)) return fail(G05KHF_msg::STATE_CORRUPT);
-  if (state[2] == 5) return fail(G05KHF_msg::NO_LEAPFROG);
-  if (n < 1) return fail(G05KHF_msg::N_RANGE, n);
-  if (k < 1 || k > n) return fail(G05KHF_msg::K_RANGE, k, n);
-  switch (check_state(state, lstate)) {
-    case StateStatus::length_fault: return fail(G05KHF_msg::LSTATE_MISMATCH, lstate);
-    case StateStatus::state_fault: return fail(G05KHF_msg::STATE_CORRUPT);
-    case StateStatus::ok: break;
-  }
-  if (!leap_frog(state, n, k)) return fail(G05KHF_msg::NO_LEAPFROG);
+void G05KHFN(int n, int k, int* state, int lstate, lbx::Fail& fail)
+{
+    if (!header_usable(state, lstate))
+        return fail(G05KHF_msg::STATE_CORRUPT);
+    if (state[2] == 5)
+        return fail(G05KHF_msg::NO_LEAPFROG);
+    if (n < 1)
+        return fail(G05KHF_msg::N_RANGE, n);
+    if (k < 1 || k > n)
+        return fail(G05KHF_msg::K_RANGE, k, n);
+    switch (check_state(state, lstate)) {
+        case StateStatus::length_fault:
+            return fail(G05KHF_msg::LSTATE_MISMATCH, lstate);
+        case StateStatus::state_fault:
+            return fail(G05KHF_msg::STATE_CORRUPT);
+        case StateStatus::ok:
+            break;
+    }
+    if (!leap_frog(state, n, k))
+        return fail(G05KHF_msg::NO_LEAPFROG);
 }
 
-void G05KJFN(int n, int* state, int lstate, lbx::Fail& fail) {
-  if (!header_usable(state, lstate)) return fail(G05KJF_msg::STATE_CORRUPT);
-  if (n < 0) return fail(G05KJF_msg::N_RANGE, n);
-  switch (check_state(state, lstate)) {
-    case StateStatus::length_fault: return fail(G05KJF_msg::LSTATE_MISMATCH, lstate);
-    case StateStatus::state_fault: return fail(G05KJF_msg::STATE_CORRUPT);
-    case StateStatus::ok: break;
-  }
-  if (mt_short(state)) return fail(G05KJF_msg::MT_SHORT_BLOCK);
-  skip_ahead(state, static_cast<std::uint64_t>(n));
+void G05KJFN(int n, int* state, int lstate, lbx::Fail& fail)
+{
+    if (!header_usable(state, lstate))
+        return fail(G05KJF_msg::STATE_CORRUPT);
+    if (n < 0)
+        return fail(G05KJF_msg::N_RANGE, n);
+    switch (check_state(state, lstate)) {
+        case StateStatus::length_fault:
+            return fail(G05KJF_msg::LSTATE_MISMATCH, lstate);
+        case StateStatus::state_fault:
+            return fail(G05KJF_msg::STATE_CORRUPT);
+        case StateStatus::ok:
+            break;
+    }
+    if (mt_short(state))
+        return fail(G05KJF_msg::MT_SHORT_BLOCK);
+    skip_ahead(state, static_cast<std::uint64_t>(n));
 }
 
-void G05KKFN(int n, int* state, int lstate, lbx::Fail& fail) {
-  if (!header_usable(state, lstate)) return fail(G05KKF_msg::STATE_CORRUPT);
-  if (n < 0) return fail(G05KKF_msg::N_RANGE, n);
-  switch (check_state(state, lstate)) {
-    case StateStatus::length_fault: return fail(G05KKF_msg::LSTATE_MISMATCH, lstate);
-    case StateStatus::state_fault: return fail(G05KKF_msg::STATE_CORRUPT);
-    case StateStatus::ok: break;
-  }
-  if (mt_short(state)) return fail(G05KKF_msg::MT_SHORT_BLOCK);
-  skip_ahead_pow2(state, n);
+void G05KKFN(int n, int* state, int lstate, lbx::Fail& fail)
+{
+    if (!header_usable(state, lstate))
+        return fail(G05KKF_msg::STATE_CORRUPT);
+    if (n < 0)
+        return fail(G05KKF_msg::N_RANGE, n);
+    switch (check_state(state, lstate)) {
+        case StateStatus::length_fault:
+            return fail(G05KKF_msg::LSTATE_MISMATCH, lstate);
+        case StateStatus::state_fault:
+            return fail(G05KKF_msg::STATE_CORRUPT);
+        case StateStatus::ok:
+            break;
+    }
+    if (mt_short(state))
+        return fail(G05KKF_msg::MT_SHORT_BLOCK);
+    skip_ahead_pow2(state, n);
 }
 
 }  // namespace lbx::random

@@ -37,12 +37,24 @@ StateStatus check_state(const int* state, int n);
 void append_trailer(int* state, int block_len);
 
 // Leap-frog stride and offset kept in the two trailer words.
-inline int& trailer_stride(int* state) { return state[state[0] - 3]; }
-inline int& trailer_offset(int* state) { return state[state[0] - 2]; }
+inline int& trailer_stride(int* state)
+{
+    return state[state[0] - 3];
+}
+inline int& trailer_offset(int* state)
+{
+    return state[state[0] - 2];
+}
 
 // Reinterpret a 32-bit word of STATE as unsigned and back.
-inline std::uint32_t as_word(int v) { return static_cast<std::uint32_t>(v); }
-inline int to_int(std::uint32_t w) { return static_cast<int>(w); }
+inline std::uint32_t as_word(int v)
+{
+    return static_cast<std::uint32_t>(v);
+}
+inline int to_int(std::uint32_t w)
+{
+    return static_cast<int>(w);
+}
 
 // Largest double below 1 and smallest value used for a zero fraction.
 inline constexpr double kBelowOne = 0x1.fffffffffffffp-1;

@@ -5,16 +5,23 @@
 
 namespace lbx::random {
 
-void G05SAFN(int n, int* state, double* x, int lstate, lbx::Fail& fail) {
-  if (lstate < 3 || state[2] < 1 || state[2] > 6) return fail(G05SAF_msg::STATE_CORRUPT);
-  if (n < 0) return fail(G05SAF_msg::N_RANGE, n);
-  if (n == 0) return;
-  switch (check_state(state, lstate)) {
-    case StateStatus::length_fault: return fail(G05SAF_msg::LSTATE_MISMATCH, lstate);
-    case StateStatus::state_fault: return fail(G05SAF_msg::STATE_CORRUPT);
-    case StateStatus::ok: break;
-  }
-  fill_uniform(state, x, n);
+void G05SAFN(int n, int* state, double* x, int lstate, lbx::Fail& fail)
+{
+    if (lstate < 3 || state[2] < 1 || state[2] > 6)
+        return fail(G05SAF_msg::STATE_CORRUPT);
+    if (n < 0)
+        return fail(G05SAF_msg::N_RANGE, n);
+    if (n == 0)
+        return;
+    switch (check_state(state, lstate)) {
+        case StateStatus::length_fault:
+            return fail(G05SAF_msg::LSTATE_MISMATCH, lstate);
+        case StateStatus::state_fault:
+            return fail(G05SAF_msg::STATE_CORRUPT);
+        case StateStatus::ok:
+            break;
+    }
+    fill_uniform(state, x, n);
 }
 
 }  // namespace lbx::random

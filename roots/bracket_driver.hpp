@@ -11,13 +11,13 @@ namespace lbx::roots {
 
 enum class DriverStatus {
     ok,
-    eps_invalid,  // EPS <= 0
-    a_equals_b,   // A = B
-    same_sign,    // f(A), f(B) of the same sign, both non-zero (v1 = f(A), v2 = f(B))
-    eps_small,    // the bracket cannot shrink further (engine accuracy limit; v1 = EPS)
-    pole,         // the final abs(f) exceeds both end values
-    engine_other, // any other engine failure (cannot occur: the driver's checks exclude
-                  // them); engine_ifail holds the engine's error number
+    eps_invalid,   // EPS <= 0
+    a_equals_b,    // A = B
+    same_sign,     // f(A), f(B) of the same sign, both non-zero (v1 = f(A), v2 = f(B))
+    eps_small,     // the bracket cannot shrink further (engine accuracy limit; v1 = EPS)
+    pole,          // the final abs(f) exceeds both end values
+    engine_other,  // any other engine failure (cannot occur: the driver's checks exclude
+                   // them); engine_ifail holds the engine's error number
 };
 
 struct DriverReport {
@@ -31,25 +31,28 @@ struct DriverReport {
 inline int engine_error_number(ZeroStatus s)
 {
     switch (s) {
-    case ZeroStatus::same_sign:
-        return 1;
-    case ZeroStatus::ind_invalid:
-        return 2;
-    case ZeroStatus::tolx_invalid:
-    case ZeroStatus::ir_invalid:
-        return 3;
-    case ZeroStatus::pole:
-        return 4;
-    case ZeroStatus::tolx_small:
-        return 5;
-    case ZeroStatus::ok:
-        break;
+        case ZeroStatus::same_sign:
+            return 1;
+        case ZeroStatus::ind_invalid:
+            return 2;
+        case ZeroStatus::tolx_invalid:
+        case ZeroStatus::ir_invalid:
+            return 3;
+        case ZeroStatus::pole:
+            return 4;
+        case ZeroStatus::tolx_small:
+            return 5;
+        case ZeroStatus::ok:
+            break;
     }
     return 0;
 }
 
 // A value that ends the search at once: an exact zero, or abs(f) < eta.
-inline bool accepted(double f, double eta) { return f == 0.0 || std::fabs(f) < eta; }
+inline bool accepted(double f, double eta)
+{
+    return f == 0.0 || std::fabs(f) < eta;
+}
 
 // Solve on a bracket [a, b] whose end values fa = f(a), fb = f(b) are known,
 // non-zero and not accepted, with opposite signs. eval(x) returns f(x).
@@ -77,19 +80,19 @@ DriverReport solve_known_bracket(double a, double fa, double b, double fb, doubl
     x_out = x;
     DriverReport out;
     switch (r.status) {
-    case ZeroStatus::ok:
-        break;
-    case ZeroStatus::tolx_small:
-        out.status = DriverStatus::eps_small;
-        out.v1 = eps;
-        break;
-    case ZeroStatus::pole:
-        out.status = DriverStatus::pole;
-        break;
-    default:
-        out.status = DriverStatus::engine_other;
-        out.engine_ifail = engine_error_number(r.status);
-        break;
+        case ZeroStatus::ok:
+            break;
+        case ZeroStatus::tolx_small:
+            out.status = DriverStatus::eps_small;
+            out.v1 = eps;
+            break;
+        case ZeroStatus::pole:
+            out.status = DriverStatus::pole;
+            break;
+        default:
+            out.status = DriverStatus::engine_other;
+            out.engine_ifail = engine_error_number(r.status);
+            break;
     }
     return out;
 }
@@ -131,4 +134,4 @@ DriverReport solve_interval(double a, double b, double eps, double eta, Eval&& e
     return solve_known_bracket(a, fa, b, fb, eps, eta, eval, x);
 }
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

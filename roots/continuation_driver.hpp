@@ -15,10 +15,10 @@ namespace lbx::roots {
 
 enum class ContinuationDriverStatus {
     ok,
-    eps_invalid,    // v1 = EPS
-    nfmax_invalid,  // iv = NFMAX
-    too_many_calls, // iv = NFMAX
-    no_progress,    // v1 = X
+    eps_invalid,     // v1 = EPS
+    nfmax_invalid,   // iv = NFMAX
+    too_many_calls,  // iv = NFMAX
+    no_progress,     // v1 = X
 };
 
 struct ContinuationDriverReport {
@@ -28,10 +28,14 @@ struct ContinuationDriverReport {
 };
 
 // Difference step of the direct drivers.
-inline double default_scal(double x) { return std::sqrt(lbx::machine::eps) * std::fmax(1.0, std::fabs(x)); }
+inline double default_scal(double x)
+{
+    return std::sqrt(lbx::machine::eps) * std::fmax(1.0, std::fabs(x));
+}
 
 template <class Eval>
-ContinuationDriverReport continuation_solve(double& x, double eps, double eta, Eval&& eval, int nfmax)
+ContinuationDriverReport continuation_solve(double& x, double eps, double eta, Eval&& eval,
+                                            int nfmax)
 {
     ContinuationDriverReport out;
     if (!(eps > 0.0)) {
@@ -47,7 +51,7 @@ ContinuationDriverReport continuation_solve(double& x, double eps, double eta, E
     double c[26];
     int ind = 1;
     double fx = 0.0;
-    double best = x;                       // evaluated point of least abs(f)
+    double best = x;  // evaluated point of least abs(f)
     double fbest = std::numeric_limits<double>::infinity();
     const double scal = default_scal(x);
     ContinuationReport r = continuation_step(x, fx, eps, 0, scal, c, ind);
@@ -78,4 +82,4 @@ ContinuationDriverReport continuation_solve(double& x, double eps, double eta, E
     return out;
 }
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

@@ -35,7 +35,8 @@
 namespace lbx::roots {
 namespace {
 
-constexpr int kPhase = 10, kX0 = 11, kF0 = 12, kScal = 13, kX = 14, kFx = 15, kS = 16, kRho = 17, kY = 18;
+constexpr int kPhase = 10, kX0 = 11, kF0 = 12, kScal = 13, kX = 14, kFx = 15, kS = 16, kRho = 17,
+              kY = 18;
 constexpr double kRhoMin = 0x1p-30;
 constexpr double kSufficient = 0.1;
 
@@ -98,7 +99,8 @@ ContinuationReport start_bracketing(double& x, double fx, double tol, int ir, do
     return {};
 }
 
-ContinuationReport continue_bracketing(double& x, double fx, double tol, int ir, double* c, int& ind)
+ContinuationReport continue_bracketing(double& x, double fx, double tol, int ir, double* c,
+                                       int& ind)
 {
     double y = c[kY];
     int eind = 4;
@@ -157,9 +159,10 @@ ContinuationReport continuation_value(double& x, double fx, double tol, int ir, 
     return propose(x, c, ind);
 }
 
-} // namespace
+}  // namespace
 
-ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal, double* c, int& ind)
+ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal,
+                                     double* c, int& ind)
 {
     // Re-checked on every entry, in this order.
     if (ind != -1 && (ind < 1 || ind > 4)) {
@@ -192,7 +195,7 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
             ind = 2;
             return {};
         }
-        ind = 2; // fx = f(x0) supplied
+        ind = 2;  // fx = f(x0) supplied
     }
 
     // The phase (read by comparison: a damaged array gives the IND error).
@@ -248,4 +251,4 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
     return r;
 }
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

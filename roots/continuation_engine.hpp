@@ -6,13 +6,13 @@
 namespace lbx::roots {
 
 enum class ContinuationStatus {
-    ok,              // intermediate return (ind != 0) or zero found (ind == 0)
-    ind_invalid,     // iv = IND
-    tol_invalid,     // v1 = TOL
-    ir_invalid,      // iv = IR
-    scal_too_small,  // v1 = X, v2 = SCAL
-    no_progress,     // v1 = the homotopy parameter reached, v2 = X
-    zero_derivative, // v1 = X
+    ok,               // intermediate return (ind != 0) or zero found (ind == 0)
+    ind_invalid,      // iv = IND
+    tol_invalid,      // v1 = TOL
+    ir_invalid,       // iv = IR
+    scal_too_small,   // v1 = X, v2 = SCAL
+    no_progress,      // v1 = the homotopy parameter reached, v2 = X
+    zero_derivative,  // v1 = X
 };
 
 struct ContinuationReport {
@@ -21,7 +21,7 @@ struct ContinuationReport {
     int iv = 0;
 };
 
-ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal, double* c,
-                                     int& ind);
+ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal,
+                                     double* c, int& ind);
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

@@ -15,12 +15,12 @@ inline constexpr double kSearchReach = 1024.0;
 
 enum class SearchDriverStatus {
     ok,
-    eps_invalid,    // v1 = EPS
-    h_too_small,    // v1 = X, v2 = H
-    no_sign_change, // v1, v2 the last interval searched
-    eps_small,      // v1 = EPS
+    eps_invalid,     // v1 = EPS
+    h_too_small,     // v1 = X, v2 = H
+    no_sign_change,  // v1, v2 the last interval searched
+    eps_small,       // v1 = EPS
     pole,
-    engine_other,   // cannot occur; engine_ifail holds the engine's error number
+    engine_other,  // cannot occur; engine_ifail holds the engine's error number
 };
 
 struct SearchDriverReport {
@@ -30,8 +30,8 @@ struct SearchDriverReport {
 };
 
 template <class Eval>
-SearchDriverReport search_and_solve(double& x, double h, double eps, double eta, Eval&& eval, double& a,
-                                    double& b)
+SearchDriverReport search_and_solve(double& x, double h, double eps, double eta, Eval&& eval,
+                                    double& a, double& b)
 {
     SearchDriverReport out;
     if (!(eps > 0.0)) {
@@ -74,25 +74,25 @@ SearchDriverReport search_and_solve(double& x, double h, double eps, double eta,
     a = std::fmin(x, y);
     b = std::fmax(x, y);
     if (y == x) {
-        return out; // exact zero met during the search
+        return out;  // exact zero met during the search
     }
     const DriverReport d = solve_known_bracket(y, c[0], x, fx, eps, eta, eval, x);
     switch (d.status) {
-    case DriverStatus::ok:
-        break;
-    case DriverStatus::eps_small:
-        out.status = SearchDriverStatus::eps_small;
-        out.v1 = eps;
-        break;
-    case DriverStatus::pole:
-        out.status = SearchDriverStatus::pole;
-        break;
-    default:
-        out.status = SearchDriverStatus::engine_other;
-        out.engine_ifail = d.engine_ifail;
-        break;
+        case DriverStatus::ok:
+            break;
+        case DriverStatus::eps_small:
+            out.status = SearchDriverStatus::eps_small;
+            out.v1 = eps;
+            break;
+        case DriverStatus::pole:
+            out.status = SearchDriverStatus::pole;
+            break;
+        default:
+            out.status = SearchDriverStatus::engine_other;
+            out.engine_ifail = d.engine_ifail;
+            break;
     }
     return out;
 }
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

@@ -21,8 +21,8 @@
 namespace lbx::roots {
 namespace {
 
-constexpr int kFy = 0, kX0 = 1, kF0 = 2, kH = 3, kLo = 4, kHi = 5, kXr = 6, kFr = 7, kXl = 8, kFl = 9,
-              kSide = 10;
+constexpr int kFy = 0, kX0 = 1, kF0 = 2, kH = 3, kLo = 4, kHi = 5, kXr = 6, kFr = 7, kXl = 8,
+              kFl = 9, kSide = 10;
 
 SearchReport fail_with(SearchStatus s, int& ind)
 {
@@ -47,7 +47,10 @@ double next_probe(const double* c, int side)
     return (p < c[kLo]) ? c[kLo] : p;
 }
 
-bool exhausted(const double* c, int side) { return (side > 0) ? c[kXr] >= c[kHi] : c[kXl] <= c[kLo]; }
+bool exhausted(const double* c, int side)
+{
+    return (side > 0) ? c[kXr] >= c[kHi] : c[kXl] <= c[kLo];
+}
 
 // Ask for the next probe, preferring the side other than 'last_side'.
 SearchReport request_next(double& x, double& y, double* c, int& ind, int last_side)
@@ -79,10 +82,10 @@ SearchReport finish(double& x, double& y, double xother, double fother, double* 
     return {};
 }
 
-} // namespace
+}  // namespace
 
-SearchReport search_engine_step(double& x, double fx, double h, double boundl, double boundu, double& y,
-                                double* c, int& ind)
+SearchReport search_engine_step(double& x, double fx, double h, double boundl, double boundu,
+                                double& y, double* c, int& ind)
 {
     if (ind != -1 && ind != 1 && ind != 2) {
         const int given = ind;
@@ -165,4 +168,4 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
     return request_next(x, y, c, ind, side);
 }
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

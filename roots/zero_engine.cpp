@@ -5,9 +5,10 @@
 
 namespace lbx::roots {
 
-ZeroReport zero_engine_step(double& x, double& y, double fx, double tolx, int ir, double* c, int& ind)
+ZeroReport zero_engine_step(double& x, double& y, double fx, double tolx, int ir, double* c,
+                            int& ind)
 {
     return zero_engine_step_inline(x, y, fx, tolx, ir, c, ind);
 }
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

@@ -10,13 +10,13 @@ namespace lbx::roots {
 // Outcome of one entry of the engine. For failures the fields v1, v2 and iv
 // carry the values that the routine's message quotes.
 enum class ZeroStatus {
-    ok,           // intermediate return (ind != 0) or successful finish (ind == 0)
-    same_sign,    // f at the two starting points of the same sign, neither zero
-    ind_invalid,  // ind not one of -1, 1, 2, 3, 4 on entry
-    tolx_invalid, // tolx not positive
-    ir_invalid,   // ir not 0, 1 or 2
-    pole,         // final abs(f) larger than at both starting points
-    tolx_small,   // bracket cannot shrink further at machine precision
+    ok,            // intermediate return (ind != 0) or successful finish (ind == 0)
+    same_sign,     // f at the two starting points of the same sign, neither zero
+    ind_invalid,   // ind not one of -1, 1, 2, 3, 4 on entry
+    tolx_invalid,  // tolx not positive
+    ir_invalid,    // ir not 0, 1 or 2
+    pole,          // final abs(f) larger than at both starting points
+    tolx_small,    // bracket cannot shrink further at machine precision
 };
 
 struct ZeroReport {
@@ -29,11 +29,18 @@ struct ZeroReport {
 // The sign test of the engine and its drivers: two values count as having
 // the same sign when both are non-positive or both are positive. A NaN counts
 // as non-positive.
-inline bool nonpositive(double v) { return !(v > 0.0); }
-inline bool same_sign(double f, double g) { return nonpositive(f) == nonpositive(g); }
+inline bool nonpositive(double v)
+{
+    return !(v > 0.0);
+}
+inline bool same_sign(double f, double g)
+{
+    return nonpositive(f) == nonpositive(g);
+}
 
 // One entry of the reverse-communication engine (see docs/roots-zero.md for
 // the states of ind and the contents of c).
-ZeroReport zero_engine_step(double& x, double& y, double fx, double tolx, int ir, double* c, int& ind);
+ZeroReport zero_engine_step(double& x, double& y, double fx, double tolx, int ir, double* c,
+                            int& ind);
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

@@ -25,10 +25,14 @@ namespace lbx::roots {
 namespace zero_engine_detail {
 
 // Indices of the communication array (0-based).
-inline constexpr int kFy = 0, kFa = 1, kA = 2, kB = 3, kD = 4, kE = 5, kC = 6, kFc = 7, kFmax = 8, kDone = 9;
+inline constexpr int kFy = 0, kFa = 1, kA = 2, kB = 3, kD = 4, kE = 5, kC = 6, kFc = 7, kFmax = 8,
+                     kDone = 9;
 
 // Largest of two magnitudes, ignoring a NaN on either side.
-inline double max_ignoring_nan(double u, double v) { return std::fmax(u, v); }
+inline double max_ignoring_nan(double u, double v)
+{
+    return std::fmax(u, v);
+}
 
 inline double tolerance(double tolx, int ir, double b)
 {
@@ -51,7 +55,8 @@ inline ZeroReport finish_at_zero(double& x, double& y, int& ind)
 }
 
 // Stores the iteration state in the caller's communication array.
-inline void save_state(double* w, double fa, double a, double b, double d, double e, double c, double fc)
+inline void save_state(double* w, double fa, double a, double b, double d, double e, double c,
+                       double fc)
 {
     w[kFa] = fa;
     w[kA] = a;
@@ -65,8 +70,10 @@ inline void save_state(double* w, double fa, double a, double b, double d, doubl
 // Brent's iteration step from the loaded state. Either asks for f at a new
 // point (ind = 4), asks for the final value at the converged point (ind = 4,
 // C(10) = 1), or fails at the accuracy limit (ind = 0).
-[[gnu::always_inline]] inline ZeroReport iterate(double a, double fa, double b, double fb, double c, double fc, double d, double e,
-                   double& x, double& y, double tolx, int ir, double* w, int& ind)
+[[gnu::always_inline]] inline ZeroReport iterate(double a, double fa, double b, double fb, double c,
+                                                 double fc, double d, double e, double& x,
+                                                 double& y, double tolx, int ir, double* w,
+                                                 int& ind)
 {
     // 1. Keep the bracket: c takes the previous iterate when b and c agree in sign.
     if (same_sign(fb, fc)) {
@@ -171,7 +178,8 @@ inline bool take_first_value(double& x, double& y, double fx, double* w, int& in
 
 // Set-up step 3: the value at the second point is fx; test the signs and
 // start the iteration.
-inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx, int ir, double* w, int& ind)
+inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx, int ir, double* w,
+                                    int& ind)
 {
     if (same_sign(fx, w[kFa])) {
         // Hand the starting points back as the caller gave them.
@@ -189,11 +197,13 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
     return iterate(a, fa, b, fb, a, fa, b - a, b - a, x, y, tolx, ir, w, ind);
 }
 
-} // namespace zero_engine_detail
+}  // namespace zero_engine_detail
 
 // The engine step, inline for the direct drivers (the reverse-communication
 // entry uses the out-of-line zero_engine_step).
-[[gnu::always_inline]] inline ZeroReport zero_engine_step_inline(double& x, double& y, double fx, double tolx, int ir, double* w, int& ind)
+[[gnu::always_inline]] inline ZeroReport zero_engine_step_inline(double& x, double& y, double fx,
+                                                                 double tolx, int ir, double* w,
+                                                                 int& ind)
 {
     // Re-checked on every entry, in this order.
     if (ind != -1 && (ind < 1 || ind > 4)) {
@@ -220,29 +230,29 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
 
     using namespace zero_engine_detail;
     switch (ind) {
-    case 1:
-        w[kA] = x;
-        ind = 2;
-        return {};
-    case 2:
-        if (!take_first_value(x, y, fx, w, ind)) {
-            ind = 3;
-        }
-        return {};
-    case -1:
-        w[kA] = x;
-        if (take_first_value(x, y, fx, w, ind)) {
+        case 1:
+            w[kA] = x;
+            ind = 2;
             return {};
-        }
-        // The value at the new X is f(Y) from C(1); no zero test on it here.
-        return take_second_value(x, y, w[kFy], tolx, ir, w, ind);
-    case 3:
-        if (fx == 0.0) {
-            return finish_at_zero(x, y, ind);
-        }
-        return take_second_value(x, y, fx, tolx, ir, w, ind);
-    default: // 4
-        break;
+        case 2:
+            if (!take_first_value(x, y, fx, w, ind)) {
+                ind = 3;
+            }
+            return {};
+        case -1:
+            w[kA] = x;
+            if (take_first_value(x, y, fx, w, ind)) {
+                return {};
+            }
+            // The value at the new X is f(Y) from C(1); no zero test on it here.
+            return take_second_value(x, y, w[kFy], tolx, ir, w, ind);
+        case 3:
+            if (fx == 0.0) {
+                return finish_at_zero(x, y, ind);
+            }
+            return take_second_value(x, y, fx, tolx, ir, w, ind);
+        default:  // 4
+            break;
     }
 
     if (w[kDone] != 0.0) {
@@ -264,4 +274,4 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
     return iterate(w[kA], w[kFa], w[kB], fx, w[kC], w[kFc], w[kD], w[kE], x, y, tolx, ir, w, ind);
 }
 
-} // namespace lbx::roots
+}  // namespace lbx::roots

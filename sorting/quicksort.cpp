@@ -35,7 +35,10 @@ private:
 constexpr long small_part = 15;  // parts of at most this many elements are not partitioned
 constexpr int stack_size = 40;   // the smaller part goes first, so log2(2^31) entries suffice
 
-bool lopsided(long part, long other) { return part > 5 * other + 25; }
+bool lopsided(long part, long other)
+{
+    return part > 5 * other + 25;
+}
 
 }  // namespace
 
@@ -51,7 +54,8 @@ void reference_quicksort(double* rv, long m1, long m2)
         for (;;) {
             if (flagged) {
                 const double u = shuffle.next();
-                const long k = static_cast<long>(static_cast<double>(lo) + u * static_cast<double>(hi - lo));
+                const long k =
+                    static_cast<long>(static_cast<double>(lo) + u * static_cast<double>(hi - lo));
                 std::swap(at(lo), at(k));
                 std::swap(at(hi), at(lo + hi - k));
             }

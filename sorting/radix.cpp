@@ -111,7 +111,8 @@ void radix_sort(double* a, std::size_t n, unsigned long long* tmp_words)
             const int team = omp_get_num_threads();
             const int t = omp_get_thread_num();
             const std::size_t lo = n * static_cast<std::size_t>(t) / static_cast<std::size_t>(team);
-            const std::size_t hi = n * static_cast<std::size_t>(t + 1) / static_cast<std::size_t>(team);
+            const std::size_t hi =
+                n * static_cast<std::size_t>(t + 1) / static_cast<std::size_t>(team);
             auto key_at = [&](std::size_t i) {
                 return in_tmp ? tmp[i] : keyed ? std::bit_cast<u64>(a[i]) : key_of(a[i]);
             };

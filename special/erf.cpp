@@ -18,9 +18,8 @@ namespace {
 
 // Cody, erf on |x| <= 0.46875: x P(x^2)/Q(x^2), P degree 4, Q degree 4 monic.
 // Coefficients of the published set, highest power first.
-constexpr double kErfP[5] = {1.85777706184603153e-1, 3.16112374387056560e00,
-                             1.13864154151050156e02, 3.77485237685302021e02,
-                             3.20937758913846947e03};
+constexpr double kErfP[5] = {1.85777706184603153e-1, 3.16112374387056560e00, 1.13864154151050156e02,
+                             3.77485237685302021e02, 3.20937758913846947e03};
 constexpr double kErfQ[5] = {1.0, 2.36012909523441209e01, 2.44024637934444173e02,
                              1.28261652607737228e03, 2.84423683343917062e03};
 
@@ -30,77 +29,104 @@ constexpr double kErfcC[9] = {
     2.15311535474403846e-8, 5.64188496988670089e-1, 8.88314979438837594e00,
     6.61191906371416295e01, 2.98635138197400131e02, 8.81952221241769090e02,
     1.71204761263407058e03, 2.05107837782607147e03, 1.23033935479799725e03};
-constexpr double kErfcD[9] = {
-    1.0,                    1.57449261107098347e01, 1.17693950891312499e02,
-    5.37181101862009858e02, 1.62138957456669019e03, 3.29079923573345963e03,
-    4.36261909014324716e03, 3.43936767414372164e03, 1.23033935480374942e03};
+constexpr double kErfcD[9] = {1.0,
+                              1.57449261107098347e01,
+                              1.17693950891312499e02,
+                              5.37181101862009858e02,
+                              1.62138957456669019e03,
+                              3.29079923573345963e03,
+                              4.36261909014324716e03,
+                              3.43936767414372164e03,
+                              1.23033935480374942e03};
 
 // Cody, x exp(x^2) erfc(x) on x > 4: 1/sqrt(pi) - z P(z)/Q(z), z = 1/x^2,
 // degree 5 over degree 5 (monic), highest power first.
 constexpr double kErfcP[6] = {1.63153871373020978e-2, 3.05326634961232344e-1,
                               3.60344899949804439e-1, 1.25781726111229246e-1,
                               1.60837851487422766e-2, 6.58749161529837803e-4};
-constexpr double kErfcQ[6] = {1.0,                    2.56852019228982242e00,
-                              1.87295284992346047e00, 5.27905102951428412e-1,
-                              6.05183413124413191e-2, 2.33520497626869185e-3};
+constexpr double kErfcQ[6] = {1.0,
+                              2.56852019228982242e00,
+                              1.87295284992346047e00,
+                              5.27905102951428412e-1,
+                              6.05183413124413191e-2,
+                              2.33520497626869185e-3};
 
 constexpr double kRecipSqrtPi = 0.5641895835477563;  // 1/sqrt(pi)
 
 template <int N>
-inline double horner(const double (&c)[N], double t) {
-  double s = c[0];
-  for (int i = 1; i < N; ++i) s = s * t + c[i];
-  return s;
+inline double horner(const double (&c)[N], double t)
+{
+    double s = c[0];
+    for (int i = 1; i < N; ++i)
+        s = s * t + c[i];
+    return s;
 }
 
 // x P(x^2)/Q(x^2) for |x| <= 0.46875.
-inline double erf_small(double x) {
-  const double z = x * x;
-  return x * horner(kErfP, z) / horner(kErfQ, z);
+inline double erf_small(double x)
+{
+    const double z = x * x;
+    return x * horner(kErfP, z) / horner(kErfQ, z);
 }
 
 // erfc(a) for a > 0.46875 (a below the underflow limit 26.6).
-inline double erfc_positive(double a) {
-  double r;
-  if (a <= 4.0) {
-    r = horner(kErfcC, a) / horner(kErfcD, a);
-  } else {
-    const double inv_a = 1.0 / a;  // one division for both 1/a^2 and the final /a
-    const double z = inv_a * inv_a;
-    r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) * inv_a;
-  }
-  // exp(-y^2) for y = k/16 comes from the correctly rounded table.
-  const int k = static_cast<int>(a * 16.0);
-  const double y = k * 0.0625;
-  const double del = (a - y) * (a + y);
-  return kExpMinusSquare16[k] * std::exp(-del) * r;
+inline double erfc_positive(double a)
+{
+    double r;
+    if (a <= 4.0) {
+        r = horner(kErfcC, a) / horner(kErfcD, a);
+    } else {
+        const double inv_a = 1.0 / a;  // one division for both 1/a^2 and the final /a
+        const double z = inv_a * inv_a;
+        r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) * inv_a;
+    }
+    // exp(-y^2) for y = k/16 comes from the correctly rounded table.
+    const int k = static_cast<int>(a * 16.0);
+    const double y = k * 0.0625;
+    const double del = (a - y) * (a + y);
+    return kExpMinusSquare16[k] * std::exp(-del) * r;
 }
 
 }  // namespace
 
-double erfc_kernel(double x) {
-  if (x >= 26.6) return 0.0;
-  if (x <= -6.5) return 2.0;
-  const double a = std::fabs(x);
-  if (a <= 0.46875) return 1.0 - erf_small(x);
-  if (!(a == a)) return x;
-  const double e = erfc_positive(a);
-  return x < 0.0 ? 2.0 - e : e;
+double erfc_kernel(double x)
+{
+    if (x >= 26.6)
+        return 0.0;
+    if (x <= -6.5)
+        return 2.0;
+    const double a = std::fabs(x);
+    if (a <= 0.46875)
+        return 1.0 - erf_small(x);
+    if (!(a == a))
+        return x;
+    const double e = erfc_positive(a);
+    return x < 0.0 ? 2.0 - e : e;
 }
 
-double erf_kernel(double x) {
-  const double a = std::fabs(x);
-  if (a <= 0.46875) return erf_small(x);
-  if (a > 10.0) return x < 0.0 ? -1.0 : 1.0;
-  if (!(a == a)) return x;
-  // One rounding: 1 - E is never worse than (0.5 - E) + 0.5, which rounds
-  // twice for E < 0.25.
-  const double r = 1.0 - erfc_positive(a);
-  return x < 0.0 ? -r : r;
+double erf_kernel(double x)
+{
+    const double a = std::fabs(x);
+    if (a <= 0.46875)
+        return erf_small(x);
+    if (a > 10.0)
+        return x < 0.0 ? -1.0 : 1.0;
+    if (!(a == a))
+        return x;
+    // One rounding: 1 - E is never worse than (0.5 - E) + 0.5, which rounds
+    // twice for E < 0.25.
+    const double r = 1.0 - erfc_positive(a);
+    return x < 0.0 ? -r : r;
 }
 
-double S15ADFN(double x, lbx::Fail& /*fail*/) { return erfc_kernel(x); }
+double S15ADFN(double x, lbx::Fail& /*fail*/)
+{
+    return erfc_kernel(x);
+}
 
-double S15AEFN(double x, lbx::Fail& /*fail*/) { return erf_kernel(x); }
+double S15AEFN(double x, lbx::Fail& /*fail*/)
+{
+    return erf_kernel(x);
+}
 
 }  // namespace lbx::special

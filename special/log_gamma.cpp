@@ -38,93 +38,103 @@ constexpr double kQ2[8] = {1.830328399370592604055942e2, 7.765049321445005871323
                            1.782736530353274213975932e7, 9.533095591844353613395747e6};
 // Cody-Hillstrom, [4, 12]; the denominator's leading coefficient is -1.
 constexpr double kD4 = 1.791759469228055000094023e0;  // ln 6
-constexpr double kP4[8] = {1.474502166059939948905062e4, 2.426813369486704502836312e6,
-                           1.214755574045093227939592e8, 2.663432449630976949898078e9,
+constexpr double kP4[8] = {1.474502166059939948905062e4,  2.426813369486704502836312e6,
+                           1.214755574045093227939592e8,  2.663432449630976949898078e9,
                            2.940378956634553899906876e10, 1.702665737765398868392998e11,
                            4.926125793377430887588120e11, 5.606251856223951465078242e11};
-constexpr double kQ4[8] = {2.690530175870899333379843e3, 6.393885654300092398984238e5,
-                           4.135599930241388052042842e7, 1.120872109616147941376570e9,
+constexpr double kQ4[8] = {2.690530175870899333379843e3,  6.393885654300092398984238e5,
+                           4.135599930241388052042842e7,  1.120872109616147941376570e9,
                            1.488613728678813811542398e10, 1.016803586272438228077304e11,
                            3.417476345507377132798597e11, 4.463158187419713286462081e11};
 // Stirling's series for x > 12 in powers of 1/x^2, constant term first
 // (Cody-Hillstrom's minimax-adjusted set).
-constexpr double kStirling[7] = {
-    8.333333333333333331554247e-02, -2.777777777777681622553e-03,
-    7.93650793500350248e-04,        -5.952379913043012e-04,
-    8.4171387781295e-04,            -1.910444077728e-03,
-    5.7083835261e-03};
+constexpr double kStirling[7] = {8.333333333333333331554247e-02,
+                                 -2.777777777777681622553e-03,
+                                 7.93650793500350248e-04,
+                                 -5.952379913043012e-04,
+                                 8.4171387781295e-04,
+                                 -1.910444077728e-03,
+                                 5.7083835261e-03};
 constexpr double kLnSqrt2Pi = 0.9189385332046727417803297;  // ln sqrt(2 pi)
 
 // y N(y)/D(y) style ratio: numerator and denominator built as in the
 // published scheme, xnum = 0, xden = den0, then xnum = xnum*y + p_i,
 // xden = xden*y + q_i.
-inline double ratio(const double (&p)[8], const double (&q)[8], double den0, double y) {
-  double num = 0.0;
-  double den = den0;
-  for (int i = 0; i < 8; ++i) {
-    num = num * y + p[i];
-    den = den * y + q[i];
-  }
-  return num / den;
+inline double ratio(const double (&p)[8], const double (&q)[8], double den0, double y)
+{
+    double num = 0.0;
+    double den = den0;
+    for (int i = 0; i < 8; ++i) {
+        num = num * y + p[i];
+        den = den * y + q[i];
+    }
+    return num / den;
 }
 
 }  // namespace
 
-double log_gamma_kernel(double x) {
-  if (x <= lbx::machine::eps) return -std::log(x);
-  if (x <= 1.5) {
-    double corr;
-    double y;
-    if (x < 0.6796875) {
-      corr = -std::log(x);
-      y = x;
-    } else {
-      corr = 0.0;
-      y = (x - 0.5) - 0.5;
+double log_gamma_kernel(double x)
+{
+    if (x <= lbx::machine::eps)
+        return -std::log(x);
+    if (x <= 1.5) {
+        double corr;
+        double y;
+        if (x < 0.6796875) {
+            corr = -std::log(x);
+            y = x;
+        } else {
+            corr = 0.0;
+            y = (x - 0.5) - 0.5;
+        }
+        if (x <= 0.5 || x >= 0.6796875) {
+            return corr + y * (kD1 + y * ratio(kP1, kQ1, 1.0, y));
+        }
+        const double z = (x - 0.5) - 0.5;
+        return corr + z * (kD2 + z * ratio(kP2, kQ2, 1.0, z));
     }
-    if (x <= 0.5 || x >= 0.6796875) {
-      return corr + y * (kD1 + y * ratio(kP1, kQ1, 1.0, y));
+    if (x <= 4.0) {
+        const double y = x - 2.0;
+        return y * (kD2 + y * ratio(kP2, kQ2, 1.0, y));
     }
-    const double z = (x - 0.5) - 0.5;
-    return corr + z * (kD2 + z * ratio(kP2, kQ2, 1.0, z));
-  }
-  if (x <= 4.0) {
-    const double y = x - 2.0;
+    if (x <= 12.0) {
+        const double y = x - 4.0;
+        return kD4 + y * ratio(kP4, kQ4, -1.0, y);
+    }
+    double s = 0.0;
+    if (x <= 2.24e76) {
+        const double r = 1.0 / x;  // one division for both 1/x^2 and S/x
+        const double z = r * r;
+        s = kStirling[6];
+        for (int i = 5; i >= 0; --i)
+            s = s * z + kStirling[i];
+        s *= r;
+    }
+    const double lnx = std::log(x);
+    return ((s + kLnSqrt2Pi) - 0.5 * lnx) + x * (lnx - 1.0);
+}
+
+double log_gamma_1p_kernel(double a)
+{
+    if (a <= 0.5)
+        return a * (kD1 + a * ratio(kP1, kQ1, 1.0, a));
+    const double y = a - 1.0;  // exact for 0.5 < a < 1
     return y * (kD2 + y * ratio(kP2, kQ2, 1.0, y));
-  }
-  if (x <= 12.0) {
-    const double y = x - 4.0;
-    return kD4 + y * ratio(kP4, kQ4, -1.0, y);
-  }
-  double s = 0.0;
-  if (x <= 2.24e76) {
-    const double r = 1.0 / x;  // one division for both 1/x^2 and S/x
-    const double z = r * r;
-    s = kStirling[6];
-    for (int i = 5; i >= 0; --i) s = s * z + kStirling[i];
-    s *= r;
-  }
-  const double lnx = std::log(x);
-  return ((s + kLnSqrt2Pi) - 0.5 * lnx) + x * (lnx - 1.0);
 }
 
-double log_gamma_1p_kernel(double a) {
-  if (a <= 0.5) return a * (kD1 + a * ratio(kP1, kQ1, 1.0, a));
-  const double y = a - 1.0;  // exact for 0.5 < a < 1
-  return y * (kD2 + y * ratio(kP2, kQ2, 1.0, y));
-}
-
-double S14ABFN(double x, lbx::Fail& fail) {
-  if (std::isnan(x)) return x;
-  if (x > 2.55e305) {
-    fail(S14ABF_msg::X_TOO_LARGE, x);
-    return lbx::machine::huge;
-  }
-  if (x <= 0.0) {
-    fail(S14ABF_msg::X_NOT_POSITIVE, x);
-    return x == 0.0 ? lbx::machine::huge : 0.0;
-  }
-  return log_gamma_kernel(x);
+double S14ABFN(double x, lbx::Fail& fail)
+{
+    if (std::isnan(x))
+        return x;
+    if (x > 2.55e305) {
+        fail(S14ABF_msg::X_TOO_LARGE, x);
+        return lbx::machine::huge;
+    }
+    if (x <= 0.0) {
+        fail(S14ABF_msg::X_NOT_POSITIVE, x);
+        return x == 0.0 ? lbx::machine::huge : 0.0;
+    }
+    return log_gamma_kernel(x);
 }
 
 }  // namespace lbx::special

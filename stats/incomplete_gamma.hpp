@@ -5,9 +5,9 @@
 namespace lbx::stats {
 
 struct GammaProbabilities {
-  double p;          // P(a, x) = gamma(a, x) / Gamma(a)
-  double q;          // Q(a, x) = Gamma(a, x) / Gamma(a)
-  bool converged;    // false: the iteration limit was reached (a > 1e10)
+    double p;        // P(a, x) = gamma(a, x) / Gamma(a)
+    double q;        // Q(a, x) = Gamma(a, x) / Gamma(a)
+    bool converged;  // false: the iteration limit was reached (a > 1e10)
 };
 
 // a > 0, x >= 0 (not checked). Each of p and q is computed to about 1e-14

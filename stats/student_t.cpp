@@ -13,8 +13,8 @@
 
 #include "gen/stats.hpp"
 #include "special/erf.hpp"
-#include "stats/incomplete_gamma.hpp"
 #include "stats/incomplete_beta.hpp"
+#include "stats/incomplete_gamma.hpp"
 #include "stats/tail.hpp"
 
 namespace lbx::stats {
@@ -73,115 +73,120 @@ constexpr double kGammaHalfRatio[12] = {
 //   G_k = Gamma(k + 1/2, aL)/a^(k + 1/2),
 // with G_0 = sqrt(pi/a) erfc(sqrt(aL)) and the upward recurrence
 // G_{k+1} = ((k + 1/2) G_k + L^(k + 1/2) exp(-aL))/a, whose terms are positive.
-double t_tail_expansion(double a, double log_x_inv) {
-  const double L = log_x_inv;
-  const double z = a * L;
-  const double inv_a = 1.0 / a;
-  double ratio = kGammaHalfRatio[11];
-  for (int i = 10; i >= 0; --i) ratio = ratio * inv_a + kGammaHalfRatio[i];
-  const double lead = lbx::special::erfc_kernel(std::sqrt(z));
-  constexpr double kSqrtPi = 1.7724538509055160;
-  const double ez = std::exp(-z);
-  const double sqrt_a = std::sqrt(a);
-  double g = kSqrtPi / sqrt_a * lead;  // G_0
-  double q = std::sqrt(L) * ez * inv_a;  // L^(k + 1/2) exp(-z)/a
-  const double L2 = L * L;
-  double sum = 0.0;
-  // Two terms per pass: G_{k+1} = alpha_k G_k + q_k and, straight from G_k,
-  // G_{k+2} = alpha_{k+1} alpha_k G_k + (alpha_{k+1} q_k + q_{k+1}), with
-  // alpha_k = (k + 1/2)/a, so that the recurrence's chain is one product and
-  // one sum per two terms.  The terms up to k = 22 are summed (c_23 G_23 is
-  // below 1e-19 of the result for L < 1).
-  for (int k = 0; k + 2 < 24; k += 2) {
-    const double al0 = (k + 0.5) * inv_a;
-    const double al1 = (k + 1.5) * inv_a;
-    const double g1 = al0 * g + q;
-    const double g2 = (al1 * al0) * g + (al1 * q + q * L);
-    const double t1 = kTailSeries[k + 1] * g1;
-    const double t2 = kTailSeries[k + 2] * g2;
-    sum += t1;
-    sum += t2;
-    g = g2;
-    q *= L2;
-    if (std::fabs(t2) <= 1e-18 * (lead + std::fabs(sum))) break;
-  }
-  constexpr double kInvSqrtPi = 0.5641895835477563;
-  return ratio * (lead + sqrt_a * kInvSqrtPi * sum);
+double t_tail_expansion(double a, double log_x_inv)
+{
+    const double L = log_x_inv;
+    const double z = a * L;
+    const double inv_a = 1.0 / a;
+    double ratio = kGammaHalfRatio[11];
+    for (int i = 10; i >= 0; --i)
+        ratio = ratio * inv_a + kGammaHalfRatio[i];
+    const double lead = lbx::special::erfc_kernel(std::sqrt(z));
+    constexpr double kSqrtPi = 1.7724538509055160;
+    const double ez = std::exp(-z);
+    const double sqrt_a = std::sqrt(a);
+    double g = kSqrtPi / sqrt_a * lead;    // G_0
+    double q = std::sqrt(L) * ez * inv_a;  // L^(k + 1/2) exp(-z)/a
+    const double L2 = L * L;
+    double sum = 0.0;
+    // Two terms per pass: G_{k+1} = alpha_k G_k + q_k and, straight from G_k,
+    // G_{k+2} = alpha_{k+1} alpha_k G_k + (alpha_{k+1} q_k + q_{k+1}), with
+    // alpha_k = (k + 1/2)/a, so that the recurrence's chain is one product and
+    // one sum per two terms.  The terms up to k = 22 are summed (c_23 G_23 is
+    // below 1e-19 of the result for L < 1).
+    for (int k = 0; k + 2 < 24; k += 2) {
+        const double al0 = (k + 0.5) * inv_a;
+        const double al1 = (k + 1.5) * inv_a;
+        const double g1 = al0 * g + q;
+        const double g2 = (al1 * al0) * g + (al1 * q + q * L);
+        const double t1 = kTailSeries[k + 1] * g1;
+        const double t2 = kTailSeries[k + 2] * g2;
+        sum += t1;
+        sum += t2;
+        g = g2;
+        q *= L2;
+        if (std::fabs(t2) <= 1e-18 * (lead + std::fabs(sum)))
+            break;
+    }
+    constexpr double kInvSqrtPi = 0.5641895835477563;
+    return ratio * (lead + sqrt_a * kInvSqrtPi * sum);
 }
 
 // The probability TAIL asks for, from the two-sided parts.
-double t_result(Tail which, double t, double both_tails, double central) {
-  switch (which) {
-    case Tail::significance:
-      return both_tails;
-    case Tail::confidence:
-      return central;
-    case Tail::upper:
-      return t >= 0.0 ? 0.5 * both_tails : 0.5 + 0.5 * central;
-    default:  // lower
-      return t >= 0.0 ? 0.5 + 0.5 * central : 0.5 * both_tails;
-  }
+double t_result(Tail which, double t, double both_tails, double central)
+{
+    switch (which) {
+        case Tail::significance:
+            return both_tails;
+        case Tail::confidence:
+            return central;
+        case Tail::upper:
+            return t >= 0.0 ? 0.5 * both_tails : 0.5 + 0.5 * central;
+        default:  // lower
+            return t >= 0.0 ? 0.5 + 0.5 * central : 0.5 * both_tails;
+    }
 }
 
 }  // namespace
 
-double G01EBFN(char tail, double t, double df, lbx::Fail& fail) {
-  const Tail which = tail_code(tail);
-  if (which == Tail::invalid) {
-    fail(G01EBF_msg::TAIL_INVALID, tail);
-    return 0.0;
-  }
-  if (!(df >= 1.0)) {  // also NaN
-    fail(G01EBF_msg::DF_TOO_SMALL, df);
-    return 0.0;
-  }
-  if (std::isnan(t)) return t;
-  const double at = std::fabs(t);
-  double both_tails;  // P(|T| >= |t|)
-  double central;     // P(|T| <= |t|)
-  if (df > 1e20 || at == INFINITY) {
-    // Beyond 1e20 degrees of freedom the t distribution is the normal one to
-    // double precision (the first correction is about T^4/(4 DF) relative).
-    constexpr double c = 0.7071067811865475;  // 1/sqrt(2)
-    both_tails = lbx::special::erfc_kernel(at * c);
-    central = lbx::special::erf_kernel(at * c);
-    if (at == INFINITY) {
-      both_tails = 0.0;
-      central = 1.0;
+double G01EBFN(char tail, double t, double df, lbx::Fail& fail)
+{
+    const Tail which = tail_code(tail);
+    if (which == Tail::invalid) {
+        fail(G01EBF_msg::TAIL_INVALID, tail);
+        return 0.0;
+    }
+    if (!(df >= 1.0)) {  // also NaN
+        fail(G01EBF_msg::DF_TOO_SMALL, df);
+        return 0.0;
+    }
+    if (std::isnan(t))
+        return t;
+    const double at = std::fabs(t);
+    double both_tails;  // P(|T| >= |t|)
+    double central;     // P(|T| <= |t|)
+    if (df > 1e20 || at == INFINITY) {
+        // Beyond 1e20 degrees of freedom the t distribution is the normal one to
+        // double precision (the first correction is about T^4/(4 DF) relative).
+        constexpr double c = 0.7071067811865475;  // 1/sqrt(2)
+        both_tails = lbx::special::erfc_kernel(at * c);
+        central = lbx::special::erf_kernel(at * c);
+        if (at == INFINITY) {
+            both_tails = 0.0;
+            central = 1.0;
+        }
+        return t_result(which, t, both_tails, central);
+    }
+    const double a = 0.5 * df;
+    // -ln x = ln(1 + T^2/DF), needed (and formed) only for a >= 25.
+    const double log_x_inv = a >= 25.0 ? std::log1p(at / df * at) : 0.0;
+    // The expansion gives the two-tailed probability to a few ULPs for any
+    // aL > 0; only the central probability of a small |T| (aL <= 0.75, where it
+    // is small and 1 - P(|T| >= |t|) would lose its leading digits) needs the
+    // incomplete beta function.
+    if (log_x_inv > 0.0 && log_x_inv < 1.0 && (a * log_x_inv > 0.75 || which != Tail::confidence)) {
+        both_tails = t_tail_expansion(a, log_x_inv);
+        central = 1.0 - both_tails;
+    } else {
+        double x;
+        double y;
+        if (at == 0.0) {
+            x = 1.0;
+            y = 0.0;
+        } else if (at <= 1e150 && df <= 1e300) {
+            const double s = df + at * at;
+            x = df / s;
+            y = at * at / s;
+        } else {  // scaled so that nothing overflows
+            const double w = df / at;
+            x = w / (at + w);
+            y = at / (at + w);
+        }
+        const BetaProbabilities b = incomplete_beta(a, 0.5, x, y);
+        both_tails = b.p;
+        central = b.q;
     }
     return t_result(which, t, both_tails, central);
-  }
-  const double a = 0.5 * df;
-  // -ln x = ln(1 + T^2/DF), needed (and formed) only for a >= 25.
-  const double log_x_inv = a >= 25.0 ? std::log1p(at / df * at) : 0.0;
-  // The expansion gives the two-tailed probability to a few ULPs for any
-  // aL > 0; only the central probability of a small |T| (aL <= 0.75, where it
-  // is small and 1 - P(|T| >= |t|) would lose its leading digits) needs the
-  // incomplete beta function.
-  if (log_x_inv > 0.0 && log_x_inv < 1.0 &&
-      (a * log_x_inv > 0.75 || which != Tail::confidence)) {
-    both_tails = t_tail_expansion(a, log_x_inv);
-    central = 1.0 - both_tails;
-  } else {
-    double x;
-    double y;
-    if (at == 0.0) {
-      x = 1.0;
-      y = 0.0;
-    } else if (at <= 1e150 && df <= 1e300) {
-      const double s = df + at * at;
-      x = df / s;
-      y = at * at / s;
-    } else {  // scaled so that nothing overflows
-      const double w = df / at;
-      x = w / (at + w);
-      y = at / (at + w);
-    }
-    const BetaProbabilities b = incomplete_beta(a, 0.5, x, y);
-    both_tails = b.p;
-    central = b.q;
-  }
-  return t_result(which, t, both_tails, central);
 }
 
 }  // namespace lbx::stats

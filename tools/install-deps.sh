@@ -8,7 +8,7 @@ packages=(
   g++ gfortran cmake ninja-build python3 binutils
   libopenblas-dev liblapack-dev libfftw3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  libgsl-dev libboost-dev
+  libgsl-dev libboost-dev clang-format
 )
 
 missing=()

@@ -39,8 +39,13 @@ TEST(CodedMessage, WriterProducesExactFields)
     constexpr lbx::Message<4> m{2, 99999};
     fail(m, -200.0, -170, 'd', std::string_view("ab"));
     fail.finish();
-    const std::string want = "\x01    2\x01" "99999\x01    4\x01" "-2.000000000000000E+02\x01"
-                             "       -170\x01" "d\x01" "ab\x01";
+    const std::string want =
+        "\x01    2\x01"
+        "99999\x01    4\x01"
+        "-2.000000000000000E+02\x01"
+        "       -170\x01"
+        "d\x01"
+        "ab\x01";
     EXPECT_EQ(std::string(buf, want.size()), want);
     EXPECT_EQ(ifail, 2);
     for (std::size_t i = want.size(); i < 199; ++i)
@@ -81,16 +86,40 @@ TEST(CodedMessage, SplitterStatuses)
         int status;
         int code;
     } cases[] = {
-        {"well formed", "\x01    2\x01" "99999\x01    1\x01    -7\x01", ' ', 0, 99999},
-        {"trailing NULs ignored", "\x01    1\x01" "99998\x01    0\x01", '\0', 0, 99998},
-        {"no leading separator", " \x01    1\x01" "99998\x01    0\x01", ' ', -1000, 0},
-        {"last character not a separator", "\x01    1\x01" "99998\x01    0\x01x", ' ', -1000, 0},
+        {"well formed",
+         "\x01    2\x01"
+         "99999\x01    1\x01    -7\x01",
+         ' ', 0, 99999},
+        {"trailing NULs ignored",
+         "\x01    1\x01"
+         "99998\x01    0\x01",
+         '\0', 0, 99998},
+        {"no leading separator",
+         " \x01    1\x01"
+         "99998\x01    0\x01",
+         ' ', -1000, 0},
+        {"last character not a separator",
+         "\x01    1\x01"
+         "99998\x01    0\x01x",
+         ' ', -1000, 0},
         {"separator alone", "\x01", ' ', -1000, 0},
         {"empty buffer", "", ' ', -1000, 0},
-        {"two fields", "\x01    1\x01" "99998\x01", ' ', -1000, 0},
-        {"field 1 not a number", "\x01  one\x01" "99998\x01    0\x01", ' ', -1000, 0},
-        {"count too small", "\x01    1\x01" "99998\x01    0\x01    5\x01", ' ', -1001, 99998},
-        {"count too large", "\x01    1\x01" "99998\x01    3\x01    5\x01", ' ', -1001, 99998},
+        {"two fields",
+         "\x01    1\x01"
+         "99998\x01",
+         ' ', -1000, 0},
+        {"field 1 not a number",
+         "\x01  one\x01"
+         "99998\x01    0\x01",
+         ' ', -1000, 0},
+        {"count too small",
+         "\x01    1\x01"
+         "99998\x01    0\x01    5\x01",
+         ' ', -1001, 99998},
+        {"count too large",
+         "\x01    1\x01"
+         "99998\x01    3\x01    5\x01",
+         ' ', -1001, 99998},
     };
     for (const Case& c : cases) {
         Buffer b(c.text, c.fill);
@@ -104,7 +133,9 @@ TEST(CodedMessage, SplitterStatuses)
 
 TEST(CodedMessage, SplitterKeepsTwelveFieldsLeftJustified)
 {
-    std::string text = "\x01    1\x01" "99999\x01   10\x01";
+    std::string text =
+        "\x01    1\x01"
+        "99999\x01   10\x01";
     for (int k = 1; k <= 10; ++k)
         text += "   v" + std::to_string(k) + "\x01";
     Buffer b(text);
@@ -119,7 +150,10 @@ TEST(CodedMessage, SplitterKeepsTwelveFieldsLeftJustified)
 
 TEST(CodedMessage, SplitterCutsLongFieldsAt80)
 {
-    std::string text = "\x01    1\x01" "1\x01 1\x01" + std::string(100, 'x') + "\x01";
+    std::string text =
+        "\x01    1\x01"
+        "1\x01 1\x01" +
+        std::string(100, 'x') + "\x01";
     Buffer b(text);
     int code = 0, status = 0;
     char fields[12][80];
@@ -128,7 +162,8 @@ TEST(CodedMessage, SplitterCutsLongFieldsAt80)
     EXPECT_EQ(field_text(fields[3]), std::string(80, 'x'));
 }
 
-const char* const records_a[] = {" ** On entry, M1 = {1} and M2 = {2}.", " ** Constraint: M1 <= M2."};
+const char* const records_a[] = {" ** On entry, M1 = {1} and M2 = {2}.",
+                                 " ** Constraint: M1 <= M2."};
 const lbx::frame::MessageText table[] = {{1, 99997, records_a, 2}};
 
 TEST(CodedMessage, RecordsQuoteStrippedValues)
@@ -152,8 +187,14 @@ TEST(CodedMessage, UnknownPairOrMalformedMessageIsUnexpectedError)
         std::string text;
         const char* record;
     } cases[] = {
-        {1, "\x01    1\x01" "12345\x01    0\x01", " ** Unexpected error (    1,12345)"},
-        {2, "\x01    1\x01" "99997\x01    2\x01    5\x01    3\x01", " ** Unexpected error (    2,99997)"},
+        {1,
+         "\x01    1\x01"
+         "12345\x01    0\x01",
+         " ** Unexpected error (    1,12345)"},
+        {2,
+         "\x01    1\x01"
+         "99997\x01    2\x01    5\x01    3\x01",
+         " ** Unexpected error (    2,99997)"},
         {1, "garbage", " ** Unexpected error (    1,    0)"},
     };
     for (const Case& c : cases) {

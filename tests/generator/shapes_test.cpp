@@ -13,7 +13,8 @@
 extern "C" {
 double z99aaf_(const double* x, int* ifail);
 double z99aaft_(const double* x, char* errbuf, int* ifail, std::size_t errbuf_len);
-void z99abf_(const double* a, lbx::shapes::Z99ABF_FFn f, double* fx, int* iuser, double* ruser, int* ifail);
+void z99abf_(const double* a, lbx::shapes::Z99ABF_FFn f, double* fx, int* iuser, double* ruser,
+             int* ifail);
 void z99acft_(const int* sorder, const int* n, double* a, char* errbuf, int* ifail, std::size_t);
 void z99acf_(const int* n, double* a, int* ifail);
 void z99adf_(const int* n, int* info);
@@ -80,7 +81,10 @@ void Z99AFFN(char order, std::span<char> text, lbx::Logical& flag)
     flag = flag & 1 ? 0 : 1;
 }
 
-int Z99AGFN() { return 42; }
+int Z99AGFN()
+{
+    return 42;
+}
 
 void Z99AHFN(const Z99AHF_FProc& f, double x, double& fx, int* iuser, double* ruser, lbx::Fail&)
 {
@@ -106,10 +110,16 @@ double square_plus_user(const double* x, int* iuser, double* ruser)
     return *x * *x + ruser[0];
 }
 
-double cube(const double* x) { return *x * *x * *x; }
+double cube(const double* x)
+{
+    return *x * *x * *x;
+}
 
 std::string said;
-void say(const char* text, const int* n, std::size_t len) { said = std::string(text, len) + "/" + std::to_string(*n); }
+void say(const char* text, const int* n, std::size_t len)
+{
+    said = std::string(text, len) + "/" + std::to_string(*n);
+}
 
 TEST(Shapes, FunctionResultAndQuietFailure)
 {

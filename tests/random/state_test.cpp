@@ -9,126 +9,151 @@
 
 namespace {
 
-TEST(RandomState, RequiredLengthQuery) {
-  struct Case { int genid; int length; };
-  for (Case c : {Case{1, 17}, Case{2, 21}, Case{3, 1260}, Case{4, 29}, Case{5, 20},
-                 Case{6, 61}}) {
-    for (int lstate : {0, -5}) {
-      std::vector<int> state(4, -7);
-      int genid = c.genid, subid = 1, seed = 1, lseed = 1, ifail = 1;
-      g05kff_(&genid, &subid, &seed, &lseed, state.data(), &lstate, &ifail);
-      EXPECT_EQ(ifail, -1) << c.genid;
-      EXPECT_EQ(lstate, c.length) << c.genid;
-      EXPECT_EQ(state, std::vector<int>(4, -7)) << "STATE touched, GENID " << c.genid;
-      lstate = 0;
-      ifail = 1;
-      g05kgf_(&genid, &subid, state.data(), &lstate, &ifail);
-      EXPECT_EQ(ifail, -1);
-      EXPECT_EQ(lstate, c.length);
+TEST(RandomState, RequiredLengthQuery)
+{
+    struct Case {
+        int genid;
+        int length;
+    };
+    for (Case c :
+         {Case{1, 17}, Case{2, 21}, Case{3, 1260}, Case{4, 29}, Case{5, 20}, Case{6, 61}}) {
+        for (int lstate : {0, -5}) {
+            std::vector<int> state(4, -7);
+            int genid = c.genid, subid = 1, seed = 1, lseed = 1, ifail = 1;
+            g05kff_(&genid, &subid, &seed, &lseed, state.data(), &lstate, &ifail);
+            EXPECT_EQ(ifail, -1) << c.genid;
+            EXPECT_EQ(lstate, c.length) << c.genid;
+            EXPECT_EQ(state, std::vector<int>(4, -7)) << "STATE touched, GENID " << c.genid;
+            lstate = 0;
+            ifail = 1;
+            g05kgf_(&genid, &subid, state.data(), &lstate, &ifail);
+            EXPECT_EQ(ifail, -1);
+            EXPECT_EQ(lstate, c.length);
+        }
     }
-  }
 }
 
-TEST(RandomState, MinimumLengthAndBlockChoice) {
-  struct Case { int genid; int lstate; int ifail; int used; };
-  const Case cases[] = {
-      {1, 16, 6, 0},    {1, 17, 0, 17},    {1, 40, 0, 17},    {2, 20, 6, 0},
-      {2, 21, 0, 21},   {3, 632, 6, 0},    {3, 633, 0, 633},  {3, 1259, 0, 633},
-      {3, 1260, 0, 1260}, {3, 5000, 0, 1260}, {4, 28, 6, 0},  {4, 29, 0, 29},
-      {5, 19, 6, 0},    {5, 20, 0, 20},    {6, 60, 6, 0},     {6, 61, 0, 61},
-  };
-  for (const Case& c : cases) {
-    std::vector<int> state;
-    EXPECT_EQ(rt::init(c.genid, 1, {5}, state, c.lstate), c.ifail) << c.genid << " " << c.lstate;
-    if (c.ifail == 0) {
-      EXPECT_EQ(state[0], c.used) << c.genid << " " << c.lstate;
+TEST(RandomState, MinimumLengthAndBlockChoice)
+{
+    struct Case {
+        int genid;
+        int lstate;
+        int ifail;
+        int used;
+    };
+    const Case cases[] = {
+        {1, 16, 6, 0},      {1, 17, 0, 17},     {1, 40, 0, 17},   {2, 20, 6, 0},
+        {2, 21, 0, 21},     {3, 632, 6, 0},     {3, 633, 0, 633}, {3, 1259, 0, 633},
+        {3, 1260, 0, 1260}, {3, 5000, 0, 1260}, {4, 28, 6, 0},    {4, 29, 0, 29},
+        {5, 19, 6, 0},      {5, 20, 0, 20},     {6, 60, 6, 0},    {6, 61, 0, 61},
+    };
+    for (const Case& c : cases) {
+        std::vector<int> state;
+        EXPECT_EQ(rt::init(c.genid, 1, {5}, state, c.lstate), c.ifail)
+            << c.genid << " " << c.lstate;
+        if (c.ifail == 0) {
+            EXPECT_EQ(state[0], c.used) << c.genid << " " << c.lstate;
+        }
     }
-  }
 }
 
-TEST(RandomState, DocumentedLayout) {
-  const int check[7] = {0, 1234, 2468, 3692, 4826, 5050, 4826};
-  for (int genid = 1; genid <= 6; ++genid) {
-    std::vector<int> state = rt::make(genid, {11}, 1, genid == 3 ? 633 : 1260);
-    const int len = state[0];
-    EXPECT_EQ(state[1], check[genid]);
-    EXPECT_EQ(state[2], genid);
-    EXPECT_EQ(state[len - 4], check[genid]);  // closing the block
-    EXPECT_EQ(state[len - 3], 1);
-    EXPECT_EQ(state[len - 2], 1);
-    EXPECT_EQ(state[len - 1], check[genid]);
-  }
-  // GENID 1 element by element: x0 = 4 SEED(1) + 2 = 6 and 13^13 in 15-bit digits.
-  EXPECT_EQ(rt::make(1, {1}, 1, 40),
-            (std::vector<int>{17, 1234, 1, 0, 6, 0, 0, 0, 17917, 13895, 19930, 8, 0, 1234, 1, 1, 1234}));
-  // GENID 6: the multipliers and the moduli (as 32-bit words) of MRG32k3a.
-  const std::vector<int> mrg = rt::make(6, {12345, 12345, 12345, 12345, 12345, 12345});
-  EXPECT_EQ(std::vector<int>(mrg.begin() + 9, mrg.begin() + 13), (std::vector<int>{1403580, 810728, 527612, 1370589}));
-  EXPECT_EQ(static_cast<std::uint32_t>(mrg[13]), 4294967087u);
-  EXPECT_EQ(static_cast<std::uint32_t>(mrg[14]), 4294944443u);
-}
-
-TEST(RandomState, CorruptionIsDetected) {
-  for (int genid = 1; genid <= 6; ++genid) {
-    const std::vector<int> good = rt::make(genid, {77}, 1, genid == 3 ? 633 : 1260);
-    const int len = good[0];
-    struct Damage { int index; int value; };
-    const Damage damages[] = {{1, good[1] + 1}, {len - 1, 0}, {len - 2, 0}, {len - 3, 0},
-                              {2, 7}, {2, genid == 1 ? 2 : 1}, {len - 4, 0},
-                              // a word no generator can hold: a digit, a state value, the
-                              // ACORN modulus, the MT19937 word index
-                              {genid == 3 ? 627 : 4, genid == 3 ? 700 : -1}};
-    for (const Damage& d : damages) {
-      std::vector<int> state = good;
-      state[d.index] = d.value;
-      std::vector<double> x(3);
-      EXPECT_EQ(rt::saf(state, x), 2) << "GENID " << genid << " element " << d.index + 1;
+TEST(RandomState, DocumentedLayout)
+{
+    const int check[7] = {0, 1234, 2468, 3692, 4826, 5050, 4826};
+    for (int genid = 1; genid <= 6; ++genid) {
+        std::vector<int> state = rt::make(genid, {11}, 1, genid == 3 ? 633 : 1260);
+        const int len = state[0];
+        EXPECT_EQ(state[1], check[genid]);
+        EXPECT_EQ(state[2], genid);
+        EXPECT_EQ(state[len - 4], check[genid]);  // closing the block
+        EXPECT_EQ(state[len - 3], 1);
+        EXPECT_EQ(state[len - 2], 1);
+        EXPECT_EQ(state[len - 1], check[genid]);
     }
-  }
+    // GENID 1 element by element: x0 = 4 SEED(1) + 2 = 6 and 13^13 in 15-bit digits.
+    EXPECT_EQ(rt::make(1, {1}, 1, 40), (std::vector<int>{17, 1234, 1, 0, 6, 0, 0, 0, 17917, 13895,
+                                                         19930, 8, 0, 1234, 1, 1, 1234}));
+    // GENID 6: the multipliers and the moduli (as 32-bit words) of MRG32k3a.
+    const std::vector<int> mrg = rt::make(6, {12345, 12345, 12345, 12345, 12345, 12345});
+    EXPECT_EQ(std::vector<int>(mrg.begin() + 9, mrg.begin() + 13),
+              (std::vector<int>{1403580, 810728, 527612, 1370589}));
+    EXPECT_EQ(static_cast<std::uint32_t>(mrg[13]), 4294967087u);
+    EXPECT_EQ(static_cast<std::uint32_t>(mrg[14]), 4294944443u);
 }
 
-TEST(RandomState, SubidSelectsWichmannHillSet) {
-  auto first = [](int subid) {
-    std::vector<int> state = rt::make(2, {1, 2, 3, 4}, subid, 21);
-    return std::make_pair(state[3], rt::uniforms(state, 5));
-  };
-  EXPECT_EQ(first(0), first(273));
-  EXPECT_EQ(first(0).first, 273);
-  EXPECT_EQ(first(1), first(274));
-  EXPECT_EQ(first(1), first(-1));
-  EXPECT_EQ(first(1).first, 1);
-  EXPECT_EQ(first(-274), first(1));
-  EXPECT_EQ(first(2147483647).first, static_cast<int>((2147483647LL + 272) % 273 + 1));
-  EXPECT_NE(first(1).second, first(2).second);
-  // Other generators do not depend on SUBID.
-  for (int genid : {1, 3, 4, 5, 6}) {
-    std::vector<int> a = rt::make(genid, {9}, 1), b = rt::make(genid, {9}, 200);
-    EXPECT_EQ(a, b) << genid;
-  }
+TEST(RandomState, CorruptionIsDetected)
+{
+    for (int genid = 1; genid <= 6; ++genid) {
+        const std::vector<int> good = rt::make(genid, {77}, 1, genid == 3 ? 633 : 1260);
+        const int len = good[0];
+        struct Damage {
+            int index;
+            int value;
+        };
+        const Damage damages[] = {{1, good[1] + 1},
+                                  {len - 1, 0},
+                                  {len - 2, 0},
+                                  {len - 3, 0},
+                                  {2, 7},
+                                  {2, genid == 1 ? 2 : 1},
+                                  {len - 4, 0},
+                                  // a word no generator can hold: a digit, a state value, the
+                                  // ACORN modulus, the MT19937 word index
+                                  {genid == 3 ? 627 : 4, genid == 3 ? 700 : -1}};
+        for (const Damage& d : damages) {
+            std::vector<int> state = good;
+            state[d.index] = d.value;
+            std::vector<double> x(3);
+            EXPECT_EQ(rt::saf(state, x), 2) << "GENID " << genid << " element " << d.index + 1;
+        }
+    }
 }
 
-TEST(RandomState, CopyingStateCopiesGenerator) {
-  for (int genid = 1; genid <= 6; ++genid) {
-    std::vector<int> a = rt::make(genid, {31337});
-    rt::uniforms(a, 1000);
-    std::vector<int> b = a;
-    EXPECT_EQ(rt::uniforms(a, 777), rt::uniforms(b, 777)) << genid;
-  }
+TEST(RandomState, SubidSelectsWichmannHillSet)
+{
+    auto first = [](int subid) {
+        std::vector<int> state = rt::make(2, {1, 2, 3, 4}, subid, 21);
+        return std::make_pair(state[3], rt::uniforms(state, 5));
+    };
+    EXPECT_EQ(first(0), first(273));
+    EXPECT_EQ(first(0).first, 273);
+    EXPECT_EQ(first(1), first(274));
+    EXPECT_EQ(first(1), first(-1));
+    EXPECT_EQ(first(1).first, 1);
+    EXPECT_EQ(first(-274), first(1));
+    EXPECT_EQ(first(2147483647).first, static_cast<int>((2147483647LL + 272) % 273 + 1));
+    EXPECT_NE(first(1).second, first(2).second);
+    // Other generators do not depend on SUBID.
+    for (int genid : {1, 3, 4, 5, 6}) {
+        std::vector<int> a = rt::make(genid, {9}, 1), b = rt::make(genid, {9}, 200);
+        EXPECT_EQ(a, b) << genid;
+    }
 }
 
-TEST(RandomState, NonRepeatableSeedingDiffers) {
-  for (int genid = 1; genid <= 6; ++genid) {
-    std::vector<int> a(1260), b(1260);
-    int g = genid, subid = 1, lstate = 1260, ifail = 1;
-    g05kgf_(&g, &subid, a.data(), &lstate, &ifail);
-    ASSERT_EQ(ifail, 0);
-    ifail = 1;  // soft and silent: a hard failure would end the test process
-    g05kgf_(&g, &subid, b.data(), &lstate, &ifail);
-    ASSERT_EQ(ifail, 0);
-    a.resize(a[0]);
-    b.resize(b[0]);
-    EXPECT_NE(rt::uniforms(a, 4), rt::uniforms(b, 4)) << genid;
-  }
+TEST(RandomState, CopyingStateCopiesGenerator)
+{
+    for (int genid = 1; genid <= 6; ++genid) {
+        std::vector<int> a = rt::make(genid, {31337});
+        rt::uniforms(a, 1000);
+        std::vector<int> b = a;
+        EXPECT_EQ(rt::uniforms(a, 777), rt::uniforms(b, 777)) << genid;
+    }
+}
+
+TEST(RandomState, NonRepeatableSeedingDiffers)
+{
+    for (int genid = 1; genid <= 6; ++genid) {
+        std::vector<int> a(1260), b(1260);
+        int g = genid, subid = 1, lstate = 1260, ifail = 1;
+        g05kgf_(&g, &subid, a.data(), &lstate, &ifail);
+        ASSERT_EQ(ifail, 0);
+        ifail = 1;  // soft and silent: a hard failure would end the test process
+        g05kgf_(&g, &subid, b.data(), &lstate, &ifail);
+        ASSERT_EQ(ifail, 0);
+        a.resize(a[0]);
+        b.resize(b[0]);
+        EXPECT_NE(rt::uniforms(a, 4), rt::uniforms(b, 4)) << genid;
+    }
 }
 
 }  // namespace

@@ -13,11 +13,14 @@ namespace roots_battery {
 struct Problem {
     const char* id;
     double (*f)(double x, double p, double q);
-    double p, q; // parameters
-    double a, b; // the bracket
+    double p, q;  // parameters
+    double a, b;  // the bracket
 };
 
-inline double aps01(double x, double, double) { return std::sin(x) - x / 2.0; }
+inline double aps01(double x, double, double)
+{
+    return std::sin(x) - x / 2.0;
+}
 inline double aps02(double x, double, double)
 {
     double s = 0.0;
@@ -28,9 +31,18 @@ inline double aps02(double x, double, double)
     }
     return -2.0 * s;
 }
-inline double aps03(double x, double a, double b) { return a * x * std::exp(b * x); }
-inline double aps04(double x, double a, double n) { return std::pow(x, n) - a; }
-inline double aps05(double x, double, double) { return std::sin(x) - 0.5; }
+inline double aps03(double x, double a, double b)
+{
+    return a * x * std::exp(b * x);
+}
+inline double aps04(double x, double a, double n)
+{
+    return std::pow(x, n) - a;
+}
+inline double aps05(double x, double, double)
+{
+    return std::sin(x) - 0.5;
+}
 inline double aps06(double x, double n, double)
 {
     return 2.0 * x * std::exp(-n) - 2.0 * std::exp(-n * x) + 1.0;
@@ -40,15 +52,30 @@ inline double aps07(double x, double n, double)
     const double t = 1.0 - n * x;
     return (1.0 + (1.0 - n) * (1.0 - n)) * x - t * t;
 }
-inline double aps08(double x, double n, double) { return x * x - std::pow(1.0 - x, n); }
+inline double aps08(double x, double n, double)
+{
+    return x * x - std::pow(1.0 - x, n);
+}
 inline double aps09(double x, double n, double)
 {
     return (1.0 + std::pow(1.0 - n, 4.0)) * x - std::pow(1.0 - n * x, 4.0);
 }
-inline double aps10(double x, double n, double) { return std::exp(-n * x) * (x - 1.0) + std::pow(x, n); }
-inline double aps11(double x, double n, double) { return (n * x - 1.0) / ((n - 1.0) * x); }
-inline double aps12(double x, double n, double) { return std::pow(x, 1.0 / n) - std::pow(n, 1.0 / n); }
-inline double aps13(double x, double, double) { return x == 0.0 ? 0.0 : x * std::exp(-1.0 / (x * x)); }
+inline double aps10(double x, double n, double)
+{
+    return std::exp(-n * x) * (x - 1.0) + std::pow(x, n);
+}
+inline double aps11(double x, double n, double)
+{
+    return (n * x - 1.0) / ((n - 1.0) * x);
+}
+inline double aps12(double x, double n, double)
+{
+    return std::pow(x, 1.0 / n) - std::pow(n, 1.0 / n);
+}
+inline double aps13(double x, double, double)
+{
+    return x == 0.0 ? 0.0 : x * std::exp(-1.0 / (x * x));
+}
 inline double aps14(double x, double n, double)
 {
     return x >= 0.0 ? n / 20.0 * (x / 1.5 + std::sin(x) - 1.0) : -n / 20.0;
@@ -63,12 +90,30 @@ inline double aps15(double x, double n, double)
     }
     return std::exp((n + 1.0) * x / 2.0 * 1000.0) - 1.859;
 }
-inline double cubic(double x, double, double) { return x * x * x - 2.0 * x - 5.0; }
-inline double expx(double x, double, double) { return std::exp(-x) - x; }
-inline double cosx(double x, double, double) { return std::cos(x) - x; }
-inline double kepler(double x, double, double) { return x - 0.9 * std::sin(x) - 1.0; }
-inline double logx(double x, double, double) { return std::log(x); }
-inline double triple(double x, double, double) { return (x - 1.0) * (x - 1.0) * (x - 1.0); }
+inline double cubic(double x, double, double)
+{
+    return x * x * x - 2.0 * x - 5.0;
+}
+inline double expx(double x, double, double)
+{
+    return std::exp(-x) - x;
+}
+inline double cosx(double x, double, double)
+{
+    return std::cos(x) - x;
+}
+inline double kepler(double x, double, double)
+{
+    return x - 0.9 * std::sin(x) - 1.0;
+}
+inline double logx(double x, double, double)
+{
+    return std::log(x);
+}
+inline double triple(double x, double, double)
+{
+    return (x - 1.0) * (x - 1.0) * (x - 1.0);
+}
 inline double wilk10(double x, double, double)
 {
     double p = 1.0;
@@ -77,7 +122,10 @@ inline double wilk10(double x, double, double)
     }
     return p;
 }
-inline double tanhx(double x, double, double) { return std::tanh(x - 1.0); }
+inline double tanhx(double x, double, double)
+{
+    return std::tanh(x - 1.0);
+}
 
 inline const std::vector<Problem>& problems()
 {
@@ -138,4 +186,4 @@ inline const std::vector<Problem>& problems()
     return list;
 }
 
-} // namespace roots_battery
+}  // namespace roots_battery

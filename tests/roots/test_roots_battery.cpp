@@ -51,7 +51,7 @@ double battery_f(const double* x, int* iuser, double* ruser)
 {
     const auto& p = roots_battery::problems()[iuser[0]];
     ++iuser[1];
-    ruser[0] = *x; // the last point, through RUSER
+    ruser[0] = *x;  // the last point, through RUSER
     return p.f(*x, p.p, p.q);
 }
 
@@ -96,7 +96,8 @@ TEST(RootsBattery, C05AYFFindsEveryZeroAndCountsDoNotGrow)
             EXPECT_EQ(ruser[0], x) << p.id << ": the last call of F was at the zero returned";
             EXPECT_GE(iuser[1], 2);
             if (eps == 1e-10) {
-                EXPECT_LE(iuser[1], counts.at(p.id).at(0)) << p.id << ": more evaluations than recorded";
+                EXPECT_LE(iuser[1], counts.at(p.id).at(0))
+                    << p.id << ": more evaluations than recorded";
                 total += iuser[1];
                 recorded += static_cast<int>(counts.at(p.id).at(0));
             }
@@ -142,11 +143,13 @@ TEST(RootsBattery, C05AZFFromACallerLoop)
                 continue;
             }
             EXPECT_EQ(ifail, 0) << p.id << " IR " << ir;
-            const double scale = ir == 0 ? std::fmax(1.0, std::fabs(x)) : ir == 1 ? 1.0 : std::fabs(x);
+            const double scale = ir == 0   ? std::fmax(1.0, std::fabs(x))
+                                 : ir == 1 ? 1.0
+                                           : std::fabs(x);
             EXPECT_TRUE(std::fabs(x - r.zero) <= 2.0 * tolx * scale * (1 + 1e-14) || exact_zero)
                 << p.id << " IR " << ir << " x " << x << " zero " << r.zero;
         }
     }
 }
 
-} // namespace
+}  // namespace

@@ -22,8 +22,14 @@ using namespace lbx::roots;
 using Fn = std::function<double(double)>;
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
-double sq2(double x) { return x * x - 2.0; }
-Fn atan_at(double z) { return [z](double x) { return std::atan(x - z) + (x - z) * 1e-3; }; }
+double sq2(double x)
+{
+    return x * x - 2.0;
+}
+Fn atan_at(double z)
+{
+    return [z](double x) { return std::atan(x - z) + (x - z) * 1e-3; };
+}
 
 struct Counted {
     Fn f;
@@ -44,24 +50,75 @@ TEST(ZeroEngine, ScriptedDialogues)
         double x, y;
         int ind;
         double c1, tolx;
-        std::vector<double> fx, asked; // asked: the first points requested
+        std::vector<double> fx, asked;  // asked: the first points requested
         int ind_end;
         ZeroStatus status;
-        double x_end, y_end; // NaN: not checked
+        double x_end, y_end;  // NaN: not checked
     };
     const double up = std::nextafter(1.0, 2.0);
     const Case cases[] = {
-        {"IND 2, 3, 4: the secant through (1,-1), (2,2) gives 4/3", 1, 2, 1, -7, 1e-6, {0, -1, 2}, {1, 2, 4.0 / 3},
-         4, ZeroStatus::ok, 4.0 / 3, NAN},
+        {"IND 2, 3, 4: the secant through (1,-1), (2,2) gives 4/3",
+         1,
+         2,
+         1,
+         -7,
+         1e-6,
+         {0, -1, 2},
+         {1, 2, 4.0 / 3},
+         4,
+         ZeroStatus::ok,
+         4.0 / 3,
+         NAN},
         {"zero at the first point", 3, 5, 1, -7, 1e-8, {0, 0}, {3}, 0, ZeroStatus::ok, 3, 3},
         {"zero at the second point", 3, 5, 1, -7, 1e-8, {0, 1, 0}, {3, 5}, 0, ZeroStatus::ok, 5, 5},
-        {"IND = -1, f(Y) = 0 in C(1): converged, the value at X wanted", 1, 4, -1, 0, 1e-8, {2, 0}, {4}, 0,
-         ZeroStatus::ok, 4, 4},
-        {"IND = -1, same sign: X and Y handed back", 1, 4, -1, 3, 1e-8, {1}, {}, 0, ZeroStatus::same_sign, 1, 4},
-        {"final abs(f) equal to the largest end value: no pole", 0, 1, 1, -7, 0.25, {0, -1, 1, 0.5, 1.0}, {0, 1, 0.5},
-         0, ZeroStatus::ok, NAN, NAN},
-        {"final abs(f) just above it: pole", 0, 1, 1, -7, 0.25, {0, -1, 1, 0.5, up}, {0, 1, 0.5}, 0,
-         ZeroStatus::pole, NAN, NAN},
+        {"IND = -1, f(Y) = 0 in C(1): converged, the value at X wanted",
+         1,
+         4,
+         -1,
+         0,
+         1e-8,
+         {2, 0},
+         {4},
+         0,
+         ZeroStatus::ok,
+         4,
+         4},
+        {"IND = -1, same sign: X and Y handed back",
+         1,
+         4,
+         -1,
+         3,
+         1e-8,
+         {1},
+         {},
+         0,
+         ZeroStatus::same_sign,
+         1,
+         4},
+        {"final abs(f) equal to the largest end value: no pole",
+         0,
+         1,
+         1,
+         -7,
+         0.25,
+         {0, -1, 1, 0.5, 1.0},
+         {0, 1, 0.5},
+         0,
+         ZeroStatus::ok,
+         NAN,
+         NAN},
+        {"final abs(f) just above it: pole",
+         0,
+         1,
+         1,
+         -7,
+         0.25,
+         {0, -1, 1, 0.5, up},
+         {0, 1, 0.5},
+         0,
+         ZeroStatus::pole,
+         NAN,
+         NAN},
     };
     for (const Case& k : cases) {
         double x = k.x, y = k.y, c[10];
@@ -83,7 +140,8 @@ TEST(ZeroEngine, ScriptedDialogues)
         EXPECT_EQ(r.status, k.status) << k.what;
         ASSERT_GE(asked.size(), k.asked.size()) << k.what;
         for (size_t i = 0; i < k.asked.size(); ++i) {
-            EXPECT_NEAR(asked[i], k.asked[i], 4e-16 * std::fabs(k.asked[i])) << k.what << " request " << i + 1;
+            EXPECT_NEAR(asked[i], k.asked[i], 4e-16 * std::fabs(k.asked[i]))
+                << k.what << " request " << i + 1;
         }
         if (!std::isnan(k.x_end)) {
             EXPECT_EQ(x, k.x_end) << k.what;
@@ -106,22 +164,28 @@ TEST(ZeroEngine, RunsToTheEnd)
         int ir;
         ZeroStatus status;
         double zero, err;
-        size_t asks; // 0: not checked
+        size_t asks;  // 0: not checked
     };
     const double big = 1e6 + 0.25, eps = lbx::machine::eps, s2 = std::sqrt(2.0);
     const Case cases[] = {
         {"x^2 - 2", sq2, 1, 2, 1e-9, 1, ZeroStatus::ok, s2, 2e-9, 0},
-        {"IR = 0, large zero", atan_at(big), big / 2 - 1, 2 * big + 1, 1e-8, 0, ZeroStatus::ok, big, 2e-8 * big, 0},
+        {"IR = 0, large zero", atan_at(big), big / 2 - 1, 2 * big + 1, 1e-8, 0, ZeroStatus::ok, big,
+         2e-8 * big, 0},
         {"IR = 0, small zero", atan_at(0.25), -0.875, 1.5, 1e-8, 0, ZeroStatus::ok, 0.25, 2e-8, 0},
         {"IR = 1", atan_at(big), big / 2 - 1, 2 * big + 1, 1e-5, 1, ZeroStatus::ok, big, 2e-5, 0},
-        {"IR = 2, large zero", atan_at(big), big / 2 - 1, 2 * big + 1, 1e-10, 2, ZeroStatus::ok, big, 2e-10 * big, 0},
-        {"IR = 2, small zero", atan_at(3e-7), 3e-7 / 2 - 1, 2 * 3e-7 + 1, 1e-10, 2, ZeroStatus::ok, 3e-7, 2e-10 * 3e-7, 0},
-        {"exact zero at the first secant step", [](double x) { return x - 1.5; }, 1, 2, 1e-12, 1, ZeroStatus::ok, 1.5,
-         0, 3},
-        {"NaN inside the bracket counts as non-positive", [](double x) { return (x > 0.3 && x < 0.35) ? kNaN : x - 0.5; },
-         0, 1, 1e-10, 1, ZeroStatus::ok, 0.5, 2e-10, 0},
-        {"pole", [](double x) { return 1.0 / (x - 0.3); }, 0, 1, 1e-10, 1, ZeroStatus::pole, 0.3, 2e-10, 0},
-        {"TOLX too small: the last bracket", sq2, 1, 2, 1e-300, 1, ZeroStatus::tolx_small, s2, 4 * eps * s2, 0},
+        {"IR = 2, large zero", atan_at(big), big / 2 - 1, 2 * big + 1, 1e-10, 2, ZeroStatus::ok,
+         big, 2e-10 * big, 0},
+        {"IR = 2, small zero", atan_at(3e-7), 3e-7 / 2 - 1, 2 * 3e-7 + 1, 1e-10, 2, ZeroStatus::ok,
+         3e-7, 2e-10 * 3e-7, 0},
+        {"exact zero at the first secant step", [](double x) { return x - 1.5; }, 1, 2, 1e-12, 1,
+         ZeroStatus::ok, 1.5, 0, 3},
+        {"NaN inside the bracket counts as non-positive",
+         [](double x) { return (x > 0.3 && x < 0.35) ? kNaN : x - 0.5; }, 0, 1, 1e-10, 1,
+         ZeroStatus::ok, 0.5, 2e-10, 0},
+        {"pole", [](double x) { return 1.0 / (x - 0.3); }, 0, 1, 1e-10, 1, ZeroStatus::pole, 0.3,
+         2e-10, 0},
+        {"TOLX too small: the last bracket", sq2, 1, 2, 1e-300, 1, ZeroStatus::tolx_small, s2,
+         4 * eps * s2, 0},
     };
     for (const Case& k : cases) {
         double x = k.x0, y = k.y0, fx = 0.0, c[10];
@@ -151,14 +215,16 @@ TEST(ZeroDriver, Outcomes)
 {
     const double inf = std::numeric_limits<double>::infinity();
     auto line = [](double z) { return Fn([z](double x) { return x - z; }); };
-    auto nan_left = [](double s) { return Fn([s](double x) { return x < 0.5 ? kNaN : s * (x - 0.75); }); };
+    auto nan_left = [](double s) {
+        return Fn([s](double x) { return x < 0.5 ? kNaN : s * (x - 0.75); });
+    };
     struct Case {
         const char* what;
         Fn f;
         double a, b, eps, eta;
         DriverStatus status;
         double x, err;
-        int evals; // -1: not checked
+        int evals;  // -1: not checked
     };
     const Case cases[] = {
         {"zero at A", line(1), 1, 3, 1e-8, 0, DriverStatus::ok, 1, 0, 1},
@@ -166,15 +232,19 @@ TEST(ZeroDriver, Outcomes)
         {"B < A", line(1), 3, 1, 1e-8, 0, DriverStatus::ok, 1, 0, 2},
         {"abs(f(A)) < ETA", line(1.1), 1, 3, 1e-8, 0.2, DriverStatus::ok, 1, 0, 1},
         {"abs(f(B)) < ETA", line(2.9), 1, 3, 1e-8, 0.2, DriverStatus::ok, 3, 0, 2},
-        {"abs(f(A)) = ETA is not accepted", line(1.25), 1, 3, 1e-8, 0.25, DriverStatus::ok, 1.25, 0, -1},
+        {"abs(f(A)) = ETA is not accepted", line(1.25), 1, 3, 1e-8, 0.25, DriverStatus::ok, 1.25, 0,
+         -1},
         {"A tried before B", line(1), 1, 1 + 0x1p-52, 1e-8, 0, DriverStatus::ok, 1, 0, 1},
-        {"NaN at A, + at B: a sign change", nan_left(1), 0, 2, 1e-10, 0, DriverStatus::ok, 0.75, 2e-10, -1},
-        {"NaN at A, - at B: the same sign", nan_left(-1), 0, 2, 1e-10, 0, DriverStatus::same_sign, NAN, 0, 2},
+        {"NaN at A, + at B: a sign change", nan_left(1), 0, 2, 1e-10, 0, DriverStatus::ok, 0.75,
+         2e-10, -1},
+        {"NaN at A, - at B: the same sign", nan_left(-1), 0, 2, 1e-10, 0, DriverStatus::same_sign,
+         NAN, 0, 2},
         {"A NaN", atan_at(0.5), kNaN, 1, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
         {"A -inf", atan_at(0.5), -inf, 1, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
         {"B inf", atan_at(0.5), 0, inf, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
         {"both infinite", atan_at(0.5), -inf, inf, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
-        {"pole", [](double x) { return 1.0 / (x - 0.3); }, 0, 1, 1e-10, 0, DriverStatus::pole, 0.3, 2e-10, -1},
+        {"pole", [](double x) { return 1.0 / (x - 0.3); }, 0, 1, 1e-10, 0, DriverStatus::pole, 0.3,
+         2e-10, -1},
         {"EPS too small", sq2, 1, 2, 1e-300, 0, DriverStatus::eps_small, std::sqrt(2.0),
          4 * lbx::machine::eps * std::sqrt(2.0), -1},
     };
@@ -220,10 +290,18 @@ TEST(OutwardSearch, Probes)
         {line(9.5), 0, 1, -10, 10, SearchStatus::ok, {0, 1, -1, 2, -2, 4, -4, 8, -8, 10}, 10, 8},
         {line(-3), 0, 1, -10, 10, SearchStatus::ok, {0, 1, -1, 2, -2, 4, -4}, -4, -2},
         {line(-3), 0, -1, -10, 10, SearchStatus::ok, {0, -1, 1, -2, 2, -4}, -4, -2},
-        {line(1.5), 5, 1, -3, 5, SearchStatus::ok, {5, 4, 3, 1}, 1, 3}, // X on the upper bound: left side only
+        {line(1.5), 5, 1, -3, 5, SearchStatus::ok, {5, 4, 3, 1}, 1, 3},  // X on the upper bound:
+                                                                         // left side only
         {line(2), 2, 1, -3, 5, SearchStatus::ok, {2}, 2, 2},             // zero at the start
-        {[](double t) { return t * t + 1.0; }, 0, 1, -3, 5, SearchStatus::no_sign_change, {0, 1, -1, 2, -2, 4, -3, 5},
-         NAN, NAN},
+        {[](double t) { return t * t + 1.0; },
+         0,
+         1,
+         -3,
+         5,
+         SearchStatus::no_sign_change,
+         {0, 1, -1, 2, -2, 4, -3, 5},
+         NAN,
+         NAN},
     };
     for (const Case& k : cases) {
         double x = k.x0, y = 0.0, fx = 0.0, c[11];
@@ -242,8 +320,8 @@ TEST(OutwardSearch, Probes)
         }
         EXPECT_EQ(x, k.x);
         EXPECT_EQ(y, k.y);
-        EXPECT_EQ(fx, k.f(x)); // the caller's last value is f(X)
-        EXPECT_EQ(c[0], k.f(y)); // C(1) = f(Y)
+        EXPECT_EQ(fx, k.f(x));    // the caller's last value is f(X)
+        EXPECT_EQ(c[0], k.f(y));  // C(1) = f(Y)
         if (x != y) {
             ind = -1;
             while (ind != 0) {
@@ -266,7 +344,8 @@ TEST(OutwardSearch, DriverSolvesOnTheIntervalFound)
     // Nothing within 1024 steps (11 doublings each side): X is left as given.
     Counted g{[](double x) { return x * x + 1.0; }};
     x = 1.0;
-    EXPECT_EQ(search_and_solve(x, 0.5, 1e-12, 0.0, g, a, b).status, SearchDriverStatus::no_sign_change);
+    EXPECT_EQ(search_and_solve(x, 0.5, 1e-12, 0.0, g, a, b).status,
+              SearchDriverStatus::no_sign_change);
     EXPECT_EQ(x, 1.0);
     EXPECT_EQ(g.n, 23);
 }
@@ -280,22 +359,30 @@ TEST(Continuation, Outcomes)
         double x0, eps, eta;
         ContinuationDriverStatus status;
         double zero, err;
-        int evals; // -1: not checked
+        int evals;  // -1: not checked
     };
     using S = ContinuationDriverStatus;
     const Case cases[] = {
-        {"exp(-x) = x", [](double x) { return std::exp(-x) - x; }, 1, 1e-12, 0, S::ok, 0.5671432904097838730, 4e-12, -1},
-        {"cubic", [](double x) { return x * x * x - 2 * x - 5; }, 1, 1e-12, 0, S::ok, 2.094551481542326591, 9e-12, -1},
-        {"atan, where Newton diverges", [](double x) { return std::atan(x); }, 3, 1e-12, 0, S::ok, 0, 4e-12, -1},
-        {"cos(x) = x", [](double x) { return std::cos(x) - x; }, -3, 1e-12, 0, S::ok, 0.7390851332151606416, 4e-12, -1},
-        {"sin", [](double x) { return std::sin(x); }, 2, 1e-12, 0, S::ok, 3.141592653589793238, 13e-12, -1},
-        {"x^20 - 1", [](double x) { return std::pow(x, 20.0) - 1.0; }, 0.5, 1e-12, 0, S::ok, 1, 4e-12, -1},
-        {"double zero", [](double x) { return (x - 1.0) * (x - 1.0); }, 3, 1e-6, 0, S::ok, 1, 4e-6, -1},
-        {"no zero: stalls at the minimum of abs(f)", [](double x) { return x * x + 1.0; }, 1, 1e-10, 0,
-         S::no_progress, 0, 1e-3, -1},
-        {"constant: the difference quotient vanishes", [](double) { return 1.0; }, 1, 1e-12, 0, S::no_progress, 1, INFINITY,
-         2},
-        {"ETA accepts the first value below it", [](double x) { return x - 0.5; }, 0.6, 1e-12, 0.2, S::ok, 0.6, 0, 1},
+        {"exp(-x) = x", [](double x) { return std::exp(-x) - x; }, 1, 1e-12, 0, S::ok,
+         0.5671432904097838730, 4e-12, -1},
+        {"cubic", [](double x) { return x * x * x - 2 * x - 5; }, 1, 1e-12, 0, S::ok,
+         2.094551481542326591, 9e-12, -1},
+        {"atan, where Newton diverges", [](double x) { return std::atan(x); }, 3, 1e-12, 0, S::ok,
+         0, 4e-12, -1},
+        {"cos(x) = x", [](double x) { return std::cos(x) - x; }, -3, 1e-12, 0, S::ok,
+         0.7390851332151606416, 4e-12, -1},
+        {"sin", [](double x) { return std::sin(x); }, 2, 1e-12, 0, S::ok, 3.141592653589793238,
+         13e-12, -1},
+        {"x^20 - 1", [](double x) { return std::pow(x, 20.0) - 1.0; }, 0.5, 1e-12, 0, S::ok, 1,
+         4e-12, -1},
+        {"double zero", [](double x) { return (x - 1.0) * (x - 1.0); }, 3, 1e-6, 0, S::ok, 1, 4e-6,
+         -1},
+        {"no zero: stalls at the minimum of abs(f)", [](double x) { return x * x + 1.0; }, 1, 1e-10,
+         0, S::no_progress, 0, 1e-3, -1},
+        {"constant: the difference quotient vanishes", [](double) { return 1.0; }, 1, 1e-12, 0,
+         S::no_progress, 1, INFINITY, 2},
+        {"ETA accepts the first value below it", [](double x) { return x - 0.5; }, 0.6, 1e-12, 0.2,
+         S::ok, 0.6, 0, 1},
     };
     for (const Case& k : cases) {
         Counted f{k.f};
@@ -332,13 +419,15 @@ TEST(Continuation, IndMustBeTheValueReturnedLast)
     continuation_step(x, 2.0, 1e-8, 1, 1e-3, c, ind);
     ASSERT_EQ(ind, 3);
     ind = 2;
-    EXPECT_EQ(continuation_step(x, 1.0, 1e-8, 1, 1e-3, c, ind).status, ContinuationStatus::ind_invalid);
+    EXPECT_EQ(continuation_step(x, 1.0, 1e-8, 1, 1e-3, c, ind).status,
+              ContinuationStatus::ind_invalid);
     EXPECT_EQ(ind, 0);
 }
 
 TEST(Continuation, InterleavedSearchesMatchSequentialRuns)
 {
-    const Fn fs[2] = {[](double x) { return std::atan(x - 1.0); }, [](double x) { return x * x - 3.0; }};
+    const Fn fs[2] = {[](double x) { return std::atan(x - 1.0); },
+                      [](double x) { return x * x - 3.0; }};
     const double x0[2] = {4.0, 5.0};
     std::vector<double> alone[2], mixed[2];
     double x[2], c[2][26];
@@ -382,7 +471,8 @@ TEST(DamagedState, ReentryWithAnUnfilledArray)
         v = kNaN;
     }
     int ind = 4;
-    EXPECT_EQ(continuation_step(x, 1.0, 1e-8, 0, 1e-3, c, ind).status, ContinuationStatus::ind_invalid);
+    EXPECT_EQ(continuation_step(x, 1.0, 1e-8, 0, 1e-3, c, ind).status,
+              ContinuationStatus::ind_invalid);
     EXPECT_EQ(ind, 0);
     ind = 2;
     const SearchStatus s = search_engine_step(x, 1.0, 1.0, -1.0, 1.0, y, c, ind).status;
@@ -395,4 +485,4 @@ TEST(DamagedState, ReentryWithAnUnfilledArray)
     EXPECT_TRUE(ind == 0 || ind == 4);
 }
 
-} // namespace
+}  // namespace

@@ -55,24 +55,60 @@ void check(const Coded& got, const Expect& want, const std::string& what)
     for (size_t i = 0; i < want.values.size(); ++i) {
         const double v = std::strtod(got.values[i].c_str(), nullptr);
         if (std::isnan(want.values[i])) {
-            EXPECT_TRUE(std::isnan(v)) << what << " value " << i + 1 << " '" << got.values[i] << "'";
+            EXPECT_TRUE(std::isnan(v))
+                << what << " value " << i + 1 << " '" << got.values[i] << "'";
         } else {
-            EXPECT_NEAR(v, want.values[i], 1e-15 * std::fabs(want.values[i])) << what << " value " << i + 1;
+            EXPECT_NEAR(v, want.values[i], 1e-15 * std::fabs(want.values[i]))
+                << what << " value " << i + 1;
         }
     }
 }
 
-
-double pole_f(const double* x, int* iuser, double*) { ++iuser[0]; return 1.0 / (*x - 0.3); }
-double sq2_f(const double* x, int* iuser, double*) { ++iuser[0]; return *x * *x - 2.0; }
-double plus_f(const double* x, int* iuser, double*) { ++iuser[0]; return *x * *x + 1.0; }
-double pole_old(const double* x) { return 1.0 / (*x - 0.3); }
-double sq2_old(const double* x) { return *x * *x - 2.0; }
-double plus_old(const double* x) { return *x * *x + 1.0; }
-double exp_f(const double* x, int* iuser, double*) { ++iuser[0]; return std::exp(-*x) - *x; }
-double exp_old(const double* x) { return std::exp(-*x) - *x; }
-double nanleft_f(const double* x, int* iuser, double*) { ++iuser[0]; return *x < 0.5 ? kNaN : 0.75 - *x; }
-double nanleft_old(const double* x) { return *x < 0.5 ? kNaN : 0.75 - *x; }
+double pole_f(const double* x, int* iuser, double*)
+{
+    ++iuser[0];
+    return 1.0 / (*x - 0.3);
+}
+double sq2_f(const double* x, int* iuser, double*)
+{
+    ++iuser[0];
+    return *x * *x - 2.0;
+}
+double plus_f(const double* x, int* iuser, double*)
+{
+    ++iuser[0];
+    return *x * *x + 1.0;
+}
+double pole_old(const double* x)
+{
+    return 1.0 / (*x - 0.3);
+}
+double sq2_old(const double* x)
+{
+    return *x * *x - 2.0;
+}
+double plus_old(const double* x)
+{
+    return *x * *x + 1.0;
+}
+double exp_f(const double* x, int* iuser, double*)
+{
+    ++iuser[0];
+    return std::exp(-*x) - *x;
+}
+double exp_old(const double* x)
+{
+    return std::exp(-*x) - *x;
+}
+double nanleft_f(const double* x, int* iuser, double*)
+{
+    ++iuser[0];
+    return *x < 0.5 ? kNaN : 0.75 - *x;
+}
+double nanleft_old(const double* x)
+{
+    return *x < 0.5 ? kNaN : 0.75 - *x;
+}
 
 // Drives C05AZFT from IND = 1 to the end.
 Coded run_c05azf(double (*f)(double), double x, double y, double tolx, int ir)
@@ -133,9 +169,10 @@ TEST(RootsErrors, C05AZF)
         EXPECT_EQ(ind, 0) << k.what;
         check(split(errbuf, ifail), k.want, k.what);
     }
-    check(run_c05azf([](double x) { return 1.0 / (x - 0.3); }, 0.0, 1.0, 1e-10, 1), {4, 1005, {}}, "pole");
-    check(run_c05azf([](double x) { return x * x - 2.0; }, 1.0, 2.0, 1e-300, 1), {5, 1006, {1e-300}},
-          "TOLX too small");
+    check(run_c05azf([](double x) { return 1.0 / (x - 0.3); }, 0.0, 1.0, 1e-10, 1), {4, 1005, {}},
+          "pole");
+    check(run_c05azf([](double x) { return x * x - 2.0; }, 1.0, 2.0, 1e-300, 1),
+          {5, 1006, {1e-300}}, "TOLX too small");
     // Success clears the indicator.
     const Coded ok = run_c05azf([](double x) { return x * x - 2.0; }, 1.0, 2.0, 1e-10, 0);
     EXPECT_EQ(ok.ifail, 0);
@@ -144,7 +181,7 @@ TEST(RootsErrors, C05AZF)
 TEST(RootsErrors, C05AZFPlainEntryIsQuietOnIntermediateReturns)
 {
     double x = 1.0, y = 2.0, fx = 0.0, tolx = 1e-10, c[10];
-    int ir = 1, ind = 1, ifail = 0; // hard failure mode: must never be needed
+    int ir = 1, ind = 1, ifail = 0;  // hard failure mode: must never be needed
     int steps = 0;
     do {
         c05azf_(&x, &y, &fx, &tolx, &ir, c, &ind, &ifail);
@@ -173,7 +210,14 @@ TEST(RootsErrors, C05AYFAndC05ADF)
     const Case cases[] = {
         {"EPS before A = B", 1.0, 1.0, 0.0, sq2_f, sq2_old, {1, 1001, {0.0}}, 0},
         {"EPS NaN", 1.0, 1.0, kNaN, sq2_f, sq2_old, {1, 1001, {kNaN}}, 0},
-        {"NaN at A counts as non-positive", 0.0, 2.0, 1e-10, nanleft_f, nanleft_old, {1, 1003, {kNaN, -1.25}}, 2},
+        {"NaN at A counts as non-positive",
+         0.0,
+         2.0,
+         1e-10,
+         nanleft_f,
+         nanleft_old,
+         {1, 1003, {kNaN, -1.25}},
+         2},
         {"A = B", 1.5, 1.5, 1e-6, sq2_f, sq2_old, {1, 1002, {1.5, 1.5}}, 0},
         {"same sign", 2.0, 3.0, 1e-6, sq2_f, sq2_old, {1, 1003, {2.0, 7.0}}, 2},
         {"EPS too small", 1.0, 2.0, 1e-300, sq2_f, sq2_old, {2, 1004, {1e-300}}, -1},
@@ -270,7 +314,8 @@ TEST(RootsErrors, C05AUFAndC05AGF)
         int iuser[1] = {0};
         double ruser[1], x = k.x, a = 0, b = 0, eta = 0.0;
         int ifail = -1;
-        c05auft_(&x, &k.h, &k.eps, &eta, k.f, c05auf_fh_, &a, &b, iuser, ruser, errbuf, &ifail, 200);
+        c05auft_(&x, &k.h, &k.eps, &eta, k.f, c05auf_fh_, &a, &b, iuser, ruser, errbuf, &ifail,
+                 200);
         check(split(errbuf, ifail), k.want, std::string("C05AUF ") + k.what);
         x = k.x;
         ifail = -1;
@@ -373,7 +418,7 @@ TEST(RootsErrors, C05AWFAndC05AJF)
     EXPECT_EQ(got.code, 1004);
     ASSERT_EQ(got.values.size(), 1u);
     EXPECT_NEAR(std::strtod(got.values[0].c_str(), nullptr), x, 1e-15 * std::fabs(x));
-    EXPECT_LT(std::fabs(x), 1e-3); // stalled at the minimum of abs(f)
+    EXPECT_LT(std::fabs(x), 1e-3);  // stalled at the minimum of abs(f)
 }
 
-} // namespace
+}  // namespace

@@ -24,23 +24,23 @@ std::vector<double> data(std::size_t n, int kind, std::uint64_t seed)
     for (double& x : v) {
         const std::uint64_t bits = gen();
         switch (kind) {
-        case 0:  // any finite or infinite double, no NaN
-            x = std::bit_cast<double>(bits);
-            if (std::isnan(x))
-                x = std::numeric_limits<double>::infinity();
-            break;
-        case 1:  // subnormals and tiny numbers of both signs, zeros of one sign
-            x = std::ldexp(static_cast<double>(bits % 2001) - 1000, -1070);
-            if (x == 0)
-                x = 0.0;
-            break;
-        case 2:  // negative zeros only, with duplicates
-            x = static_cast<double>(bits % 5) - 4;
-            if (x == 0)
-                x = -0.0;
-            break;
-        default:  // a narrow range: many passes of the radix sort are skipped
-            x = 1.0 + static_cast<double>(bits % 1000) * 0x1p-52;
+            case 0:  // any finite or infinite double, no NaN
+                x = std::bit_cast<double>(bits);
+                if (std::isnan(x))
+                    x = std::numeric_limits<double>::infinity();
+                break;
+            case 1:  // subnormals and tiny numbers of both signs, zeros of one sign
+                x = std::ldexp(static_cast<double>(bits % 2001) - 1000, -1070);
+                if (x == 0)
+                    x = 0.0;
+                break;
+            case 2:  // negative zeros only, with duplicates
+                x = static_cast<double>(bits % 5) - 4;
+                if (x == 0)
+                    x = -0.0;
+                break;
+            default:  // a narrow range: many passes of the radix sort are skipped
+                x = 1.0 + static_cast<double>(bits % 1000) * 0x1p-52;
         }
     }
     return v;
@@ -70,7 +70,8 @@ TEST(M01CAF, MatchesAnIndependentSortOnSegments)
                 if (order == 'D')
                     std::reverse(v.begin(), v.end());
                 std::vector<double> got(rv.begin() + 2, rv.end() - 2);
-                EXPECT_TRUE(same_bits(got, v)) << "n=" << n << " kind=" << kind << " order=" << order;
+                EXPECT_TRUE(same_bits(got, v))
+                    << "n=" << n << " kind=" << kind << " order=" << order;
                 EXPECT_EQ(rv[0], guard);
                 EXPECT_EQ(rv[1], guard);
                 EXPECT_EQ(rv[n + 2], guard);

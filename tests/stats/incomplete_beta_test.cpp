@@ -12,10 +12,10 @@
 namespace {
 
 struct LongFractionCase {
-  double a;  // = b
-  double x;  // 1/2 - 2^-13; y = 1 - x is exact
-  long double p;
-  long double q;
+    double a;  // = b
+    double x;  // 1/2 - 2^-13; y = 1 - x is exact
+    long double p;
+    long double q;
 };
 
 constexpr LongFractionCase kLongFractions[] = {
@@ -24,19 +24,20 @@ constexpr LongFractionCase kLongFractions[] = {
     {1000000.0, 0.4998779296875, 0.3649468472635143789914393L, 0.6350531527364856210085607L},
 };
 
-TEST(IncompleteBeta, LongFractionsNextToTheMean) {
-  for (const auto& c : kLongFractions) {
-    const auto r = lbx::stats::incomplete_beta(c.a, c.a, c.x, 1.0 - c.x);
-    EXPECT_TRUE(r.converged) << c.a;
-    // The factor x^a y^a / (a B(a, a)) is the exponential of a sum of terms
-    // of size 1.4 a that cancel; their rounding, not the fraction, sets the
-    // error (measured 1.0e-15 a to 1.4e-15 a relative, the same as with a
-    // modified-Lentz fraction), so the bound grows with a.  A wrong rescaling
-    // would be off by a power of two or more.
-    const long double tol = 2e-15L * c.a;
-    EXPECT_LE(std::fabs((r.p - c.p) / c.p), tol) << "a=" << c.a << " p=" << r.p;
-    EXPECT_LE(std::fabs((r.q - c.q) / c.q), tol) << "a=" << c.a << " q=" << r.q;
-  }
+TEST(IncompleteBeta, LongFractionsNextToTheMean)
+{
+    for (const auto& c : kLongFractions) {
+        const auto r = lbx::stats::incomplete_beta(c.a, c.a, c.x, 1.0 - c.x);
+        EXPECT_TRUE(r.converged) << c.a;
+        // The factor x^a y^a / (a B(a, a)) is the exponential of a sum of terms
+        // of size 1.4 a that cancel; their rounding, not the fraction, sets the
+        // error (measured 1.0e-15 a to 1.4e-15 a relative, the same as with a
+        // modified-Lentz fraction), so the bound grows with a.  A wrong rescaling
+        // would be off by a power of two or more.
+        const long double tol = 2e-15L * c.a;
+        EXPECT_LE(std::fabs((r.p - c.p) / c.p), tol) << "a=" << c.a << " p=" << r.p;
+        EXPECT_LE(std::fabs((r.q - c.q) / c.q), tol) << "a=" << c.a << " q=" << r.q;
+    }
 }
 
 }  // namespace
