@@ -178,6 +178,12 @@ def chapter_header(ch: Chapter) -> str:
             for m in r.messages:
                 out.append(f"    static constexpr lbx::Message<{m.nvalues}> {m.id}{{{m.ifail}, {m.code}}};\n")
             out.append("};\n")
+    rows = [f'    {{"{r.name}", "{m.id}", {m.ifail}, {m.code}, {len(m.records)}}},\n'
+            for r in ch.routines for m in r.messages if m.id != "ALLOC_FAILED"]
+    out.append("\n// Every message of the chapter's catalogue but the frame's own, for the tests\n"
+               "// that raise each one.\n"
+               "inline constexpr lbx::MessageRow catalogue_messages[] = {\n"
+               + ("".join(rows) or '    {"", "", 0, 0, 0},\n') + "};\n")
     out.append(f"\n}}  // namespace lbx::{ch.name}\n")
     return "".join(out)
 

@@ -26,6 +26,15 @@ struct Message {
     int code;
 };
 
+// One message of a routine's catalogue entry, as the generated index lists it.
+struct MessageRow {
+    const char* routine;
+    const char* id;
+    int ifail;
+    int code;
+    int nrecords;
+};
+
 // Frame messages every routine with IFAIL can raise.
 inline constexpr Message<0> ALLOC_FAILED{-999, 99991};
 // An exception other than allocation failure escaped an implementation; no
