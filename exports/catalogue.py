@@ -1,8 +1,30 @@
 """Routine catalogue: parsing and validation.
 
-A chapter's catalogue is ``<chapter>/routines.toml``.  Its grammar, in full:
+A chapter's catalogue is one or more files ``<chapter>/routines.toml`` and
+``<chapter>/routines-<part>.toml``; each file becomes its own translation unit,
+and all files of a chapter share one namespace ``lbx::<chapter>``, one header
+and the chapter's shared messages and standard prototypes.  The grammar, in full:
 
-    chapter = "sorting"                 # must equal the folder name; C++ namespace lbx::<chapter>
+    chapter = "random"                  # must equal the folder name
+
+    [messages]                          # record templates shared by the chapter,
+    STATE_CORRUPT = [" ** On entry, STATE vector has been corrupted or not initialized."]
+
+    [standard.DGETRF]                   # prototype of an external standard routine
+    purpose = "LU factorization of a general matrix"
+    args = ["integer M in", ..., "integer INFO out"]
+    result = "real"                     # functions only
+
+    forward = ["DGETRF"]                # exported standard names: each only calls the
+                                        # external routine of that name
+
+    [[paired]]                          # a chapter routine paired with a standard routine:
+    name = "F07ADF"                     #   F07ADF(args) -> F07ADFT(CALL_VENDOR, SORDER, args)
+    standard = "DGETRF"                 #   pairing name "F07ADF/DGETRF" (NAME_pairing)
+    own = "impl"                        # own path: impl (F07ADFN, default) | external
+    option_length = 1                   # plain entry passes CHARACTER options with length 1
+    append_name = true                  # traced list ends in SRNAME, the pairing name
+    # (one row each: paired = [{name = "...", standard = "..."}, ...] is the same thing)
 
     [[routine]]
     name = "M01CAF"                     # upper case, letters and digits
@@ -12,7 +34,7 @@ A chapter's catalogue is ``<chapter>/routines.toml``.  Its grammar, in full:
     extra = ["integer LSTATE in = state[0] @end"]    # traced-entry-only arguments
     layers = "full"                     # full (plain + traced + implementation) | direct
     impl = "M01CAFN"                    # implementation name; default NAME+"N" (full), NAME (direct)
-    export_impl = false                 # also export the implementation with the Fortran convention
+    export_impl = false                 # also export the implementation
 
     [routine.procedure.F]               # one table per procedure argument
     result = "real"                     # omit for a subroutine
@@ -20,15 +42,17 @@ A chapter's catalogue is ``<chapter>/routines.toml``.  Its grammar, in full:
     adapter = "C05AYF_FH"               # default NAME_<F>H
 
     [[routine.message]]                 # one per (error number, message code) pair
-    id = "M2_LT_1"                      # C++ identifier of the message
+    id = "M2_LT_1"                      # C++ identifier of the message (NAME_msg::M2_LT_1)
     ifail = 1
     code = 99999
     records = [" ** On entry, M2 = {1}.", " ** Constraint: M2 >= 1."]
+    # without records: the chapter's shared [messages] template of that id
 
 Argument strings are ``TYPE NAME[(DIM)] INTENT [notrace] [noimpl]``:
 
-* TYPE is integer, real, logical, character*1, character*N, character*(*),
-  procedure or ifail (the error indicator: last, no intent);
+* TYPE is integer, real, complex (COMPLEX*16), logical, character*1,
+  character*N, character*(*), procedure or ifail (the error indicator: last,
+  no intent);
 * DIM makes the argument an array: comma-separated Fortran extents over other
   argument names and integers, ``*`` for assumed size (``M2``, ``LDA,*``);
 * INTENT is in, out or inout (a procedure has none);
@@ -43,8 +67,9 @@ puts it at the head of the traced list, ``@end`` (default) directly before
 ERRBUF.
 
 Record templates insert value field k with ``{k}``; at most 12 records (the
-error exit's limit) of at most 80 characters, each beginning " ** ".  Every routine with IFAIL also gets
-the frame's own (-999, 99991) allocation-failure message.
+error exit's limit) of at most 80 characters, each beginning " ** ".  Every
+routine with IFAIL also gets the frame's own (-999, 99991) allocation-failure
+message.  Every refusal names the routine (or the file) it concerns.
 """
 
 from __future__ import annotations
@@ -60,24 +85,24 @@ class CatalogueError(Exception):
 
 
 SCALAR_TYPES = ("integer", "real", "logical")
+VALUE_TYPES = SCALAR_TYPES + ("complex",)
 NAME_RE = re.compile(r"^[A-Z][A-Z0-9_]*$")
-ID_RE = re.compile(r"^[A-Z][A-Z0-9_]*$")
 ALLOC_MESSAGE = (-999, 99991, [" ** Dynamic memory allocation failed."])
+FILE_RE = re.compile(r"^routines(-[a-z0-9_]+)?\.toml$")
 
 
 @dataclass
 class Arg:
     name: str
-    type: str                     # integer real logical character procedure ifail
+    type: str  # integer real complex logical character procedure ifail
     intent: str = "in"
     dims: list[str] | None = None  # None: scalar
-    char_len: str | None = None   # "1", "N" (digits) or "*"
+    char_len: str | None = None  # "1", "N" (digits) or "*"
     trace: bool = True
     impl: bool = True
     plain_value: str | None = None  # extras only
-    position: str = "end"           # extras only
+    position: str = "end"  # extras only
     proc: "Procedure | None" = None
-    adapter_of: "Arg | None" = None   # set on the adapter argument a traced entry adds
 
     @property
     def is_array(self) -> bool:
@@ -86,6 +111,11 @@ class Arg:
     @property
     def is_char(self) -> bool:
         return self.type == "character"
+
+    @property
+    def is_option(self) -> bool:
+        """A CHARACTER*1 scalar input: the implementation sees one char."""
+        return self.is_char and self.char_len == "1" and not self.is_array and self.intent == "in"
 
     @property
     def lname(self) -> str:
@@ -121,14 +151,22 @@ class Routine:
     args: list[Arg]
     extras: list[Arg] = field(default_factory=list)
     result: str | None = None
-    layers: str = "full"
+    layers: str = "full"  # full | direct | paired | forward
     impl: str = ""
     export_impl: bool = False
     messages: list[Message] = field(default_factory=list)
+    source: str = "routines"  # the catalogue file's stem: its translation unit
+    standard: str | None = None  # paired and forward: the external routine
+    own: str = "impl"  # paired: impl | external
+    option_length: int | None = None  # paired: hidden length passed for options
 
     @property
     def has_ifail(self) -> bool:
         return any(a.type == "ifail" for a in self.args)
+
+    @property
+    def pairing(self) -> str:
+        return f"{self.name}/{self.standard}"
 
     @property
     def visible(self) -> list[Arg]:
@@ -151,8 +189,13 @@ class Routine:
 @dataclass
 class Chapter:
     name: str
-    path: Path
+    paths: list[Path]
     routines: list[Routine]
+
+    @property
+    def sources(self) -> list[str]:
+        """Catalogue file stems in order: one translation unit each."""
+        return [p.stem for p in self.paths]
 
 
 def _fail(routine: str, text: str) -> CatalogueError:
@@ -160,7 +203,7 @@ def _fail(routine: str, text: str) -> CatalogueError:
 
 
 _ARG_RE = re.compile(
-    r"^(?P<type>integer|real|logical|character\*(?:\d+|\(\*\))|procedure|ifail)\s+"
+    r"^(?P<type>integer|real|complex|logical|character\*(?:\d+|\(\*\))|procedure|ifail)\s+"
     r"(?P<name>[A-Z][A-Z0-9_]*)(?:\((?P<dims>[^)]*)\))?"
     r"(?P<rest>(?:\s+\S+)*)\s*$")
 
@@ -196,8 +239,7 @@ def parse_arg(text: str, routine: str, extra: bool = False) -> Arg:
             raise _fail(routine, f"empty extent in '{text}'")
         arg.dims = dims
     intents = [w for w in words if w in ("in", "out", "inout")]
-    flags = [w for w in words if w not in ("in", "out", "inout")]
-    for f in flags:
+    for f in (w for w in words if w not in ("in", "out", "inout")):
         if f == "notrace":
             arg.trace = False
         elif f == "noimpl":
@@ -228,10 +270,19 @@ def _check_dims(routine: str, arg: Arg, names: set[str]) -> None:
             raise _fail(routine, f"extent '{d}' of {arg.name} is not an expression")
 
 
-def _parse_procedure(rname: str, pname: str, table: dict) -> Procedure:
-    unknown = set(table) - {"result", "args", "adapter"}
+def _check_keys(name: str, table: dict, known: set[str], what: str = "") -> None:
+    unknown = set(table) - known
     if unknown:
-        raise _fail(rname, f"procedure {pname}: unknown keys {sorted(unknown)}")
+        raise _fail(name, f"{what}unknown keys {sorted(unknown)}")
+
+
+def _check_result(name: str, result) -> None:
+    if result is not None and result not in SCALAR_TYPES:
+        raise _fail(name, f"result must be one of {SCALAR_TYPES}")
+
+
+def _parse_procedure(rname: str, pname: str, table: dict) -> Procedure:
+    _check_keys(rname, table, {"result", "args", "adapter"}, f"procedure {pname}: ")
     result = table.get("result")
     if result is not None and result not in SCALAR_TYPES:
         raise _fail(rname, f"procedure {pname}: result must be one of {SCALAR_TYPES}")
@@ -243,106 +294,233 @@ def _parse_procedure(rname: str, pname: str, table: dict) -> Procedure:
     return Procedure(name=pname, result=result, args=args, adapter=adapter)
 
 
-def parse_routine(entry: dict, chapter: str) -> Routine:
+def _parse_message(name: str, m: dict, shared: dict[str, list[str]]) -> Message:
+    _check_keys(name, m, {"id", "ifail", "code", "records"}, "message: ")
+    for key in ("id", "ifail", "code"):
+        if key not in m:
+            raise _fail(name, f"message without '{key}'")
+    if not NAME_RE.match(m["id"]):
+        raise _fail(name, f"message id '{m['id']}' is not an upper-case identifier")
+    if "records" in m:
+        records = list(m["records"])
+    elif m["id"] in shared:
+        records = list(shared[m["id"]])
+    else:
+        raise _fail(name, f"message {m['id']} has no records and the chapter shares none of that id")
+    msg = Message(id=m["id"], ifail=int(m["ifail"]), code=int(m["code"]), records=records)
+    if msg.ifail == 0:
+        raise _fail(name, f"message {msg.id}: error number 0 means success")
+    _check_records(f"{name}: message {msg.id}", records)
+    return msg
+
+
+def _check_records(where: str, records: list[str]) -> None:
+    if not 1 <= len(records) <= 12:
+        raise CatalogueError(f"{where} needs 1 to 12 records")
+    for rec in records:
+        if not rec.startswith(" ** "):
+            raise CatalogueError(f"{where}: record '{rec}' must begin ' ** '")
+        if len(re.sub(r"\{\d+\}", "", rec)) > 80:
+            raise CatalogueError(f"{where}: record longer than 80 characters")
+
+
+def _validate(r: Routine) -> None:
+    """Checks that hold for every kind of routine."""
+    name = r.name
+    all_args = r.args + r.extras
+    names = [a.name for a in all_args]
+    dup = {n for n in names if names.count(n) > 1}
+    if dup:
+        raise _fail(name, f"argument named twice: {sorted(dup)}")
+    ifails = [i for i, a in enumerate(r.args) if a.type == "ifail"]
+    if ifails and ifails != [len(r.args) - 1]:
+        raise _fail(name, "IFAIL must be the last argument, once")
+    if any(a.type == "ifail" for a in r.extras):
+        raise _fail(name, "IFAIL cannot be an extra argument")
+    scalar_names = {a.name for a in all_args if not a.is_array and a.type != "procedure"}
+    for a in all_args:
+        _check_dims(name, a, scalar_names)
+        if a.plain_value == "dummy" and not a.is_array:
+            raise _fail(name, f"extra {a.name}: 'dummy' needs an array")
+    seen: set[tuple[int, int]] = set()
+    for m in r.messages:
+        if (m.ifail, m.code) in seen or [x.id for x in r.messages].count(m.id) > 1:
+            raise _fail(name, f"message {m.id} ({m.ifail}, {m.code}) defined twice")
+        seen.add((m.ifail, m.code))
+    if r.messages and not r.has_ifail:
+        raise _fail(name, "messages given but no IFAIL argument")
+    if r.has_ifail and (ALLOC_MESSAGE[0], ALLOC_MESSAGE[1]) not in seen:
+        r.messages.append(Message("ALLOC_FAILED", *ALLOC_MESSAGE))
+
+
+def parse_routine(entry: dict, chapter: str, shared: dict[str, list[str]] | None = None,
+                  source: str = "routines") -> Routine:
     name = entry.get("name", "<unnamed>")
     if not isinstance(name, str) or not NAME_RE.match(name):
         raise _fail(str(name), "routine name must be upper-case letters and digits")
-    known = {"name", "purpose", "result", "args", "extra", "layers", "impl",
-             "export_impl", "procedure", "message"}
-    unknown = set(entry) - known
-    if unknown:
-        raise _fail(name, f"unknown keys {sorted(unknown)}")
+    _check_keys(name, entry, {"name", "purpose", "result", "args", "extra", "layers", "impl",
+                              "export_impl", "procedure", "message"})
     purpose = entry.get("purpose")
     if not purpose or not isinstance(purpose, str):
         raise _fail(name, "missing 'purpose'")
     if "args" not in entry:
         raise _fail(name, "missing 'args' (use [] for none)")
     result = entry.get("result")
-    if result is not None and result not in SCALAR_TYPES:
-        raise _fail(name, f"result must be one of {SCALAR_TYPES}")
+    _check_result(name, result)
     layers = entry.get("layers", "full")
     if layers not in ("full", "direct"):
         raise _fail(name, "layers must be 'full' or 'direct'")
     args = [parse_arg(a, name) for a in entry["args"]]
     extras = [parse_arg(a, name, extra=True) for a in entry.get("extra", [])]
     r = Routine(name=name, chapter=chapter, purpose=purpose, args=args, extras=extras,
-                result=result, layers=layers,
+                result=result, layers=layers, source=source,
                 impl=entry.get("impl", name + "N" if layers == "full" else name),
                 export_impl=bool(entry.get("export_impl", False)))
-
-    all_args = args + extras
-    names = [a.name for a in all_args]
-    dup = {n for n in names if names.count(n) > 1}
-    if dup:
-        raise _fail(name, f"argument named twice: {sorted(dup)}")
-    ifails = [i for i, a in enumerate(args) if a.type == "ifail"]
-    if ifails and ifails != [len(args) - 1]:
-        raise _fail(name, "IFAIL must be the last argument, once")
-    if any(a.type == "ifail" for a in extras):
-        raise _fail(name, "IFAIL cannot be an extra argument")
     if r.export_impl and (r.has_ifail or layers == "direct"):
         raise _fail(name, "export_impl needs a full routine without IFAIL")
     if layers == "direct" and (extras or r.has_ifail):
         raise _fail(name, "a direct routine has no extras and no IFAIL")
-    scalar_names = {a.name for a in all_args if not a.is_array and a.type != "procedure"}
-    for a in all_args:
-        _check_dims(name, a, scalar_names)
-        if a.plain_value == "dummy" and not a.is_array:
-            raise _fail(name, f"extra {a.name}: 'dummy' needs an array")
 
     procs = entry.get("procedure", {})
-    for a in all_args:
+    for a in args + extras:
         if a.type == "procedure":
             if a.name not in procs:
                 raise _fail(name, f"procedure argument {a.name} has no [routine.procedure.{a.name}] table")
             a.proc = _parse_procedure(name, a.name, procs[a.name])
-    stray = set(procs) - {a.name for a in all_args if a.type == "procedure"}
+    stray = set(procs) - {a.name for a in args + extras if a.type == "procedure"}
     if stray:
         raise _fail(name, f"procedure tables without an argument: {sorted(stray)}")
-
-    seen = set()
-    for m in entry.get("message", []):
-        for key in ("id", "ifail", "code", "records"):
-            if key not in m:
-                raise _fail(name, f"message without '{key}'")
-        if not ID_RE.match(m["id"]):
-            raise _fail(name, f"message id '{m['id']}' is not an upper-case identifier")
-        msg = Message(id=m["id"], ifail=int(m["ifail"]), code=int(m["code"]),
-                      records=list(m["records"]))
-        if (msg.ifail, msg.code) in seen or msg.id in {x.id for x in r.messages}:
-            raise _fail(name, f"message {msg.id} ({msg.ifail}, {msg.code}) defined twice")
-        seen.add((msg.ifail, msg.code))
-        if not 1 <= len(msg.records) <= 12:
-            raise _fail(name, f"message {msg.id} needs 1 to 12 records")
-        for rec in msg.records:
-            if not rec.startswith(" ** "):
-                raise _fail(name, f"message {msg.id}: record '{rec}' must begin ' ** '")
-            if len(re.sub(r"\{\d+\}", "", rec)) > 80:
-                raise _fail(name, f"message {msg.id}: record longer than 80 characters")
-        if msg.ifail == 0:
-            raise _fail(name, f"message {msg.id}: error number 0 means success")
-        r.messages.append(msg)
-    if r.messages and not r.has_ifail:
-        raise _fail(name, "messages given but no IFAIL argument")
-    if r.has_ifail:
-        ids = {m.id for m in r.messages}
-        if (ALLOC_MESSAGE[0], ALLOC_MESSAGE[1]) not in seen and "ALLOC_FAILED" not in ids:
-            r.messages.append(Message("ALLOC_FAILED", *ALLOC_MESSAGE))
+    r.messages = [_parse_message(name, m, shared or {}) for m in entry.get("message", [])]
+    _validate(r)
     return r
 
 
-def load_chapter(path: Path) -> Chapter:
-    path = Path(path)
+@dataclass
+class Standard:
+    name: str
+    purpose: str
+    args: list[Arg]
+    result: str | None
+
+
+def _parse_standard(name: str, table: dict) -> Standard:
+    if not NAME_RE.match(name):
+        raise _fail(name, "standard name must be upper-case letters, digits and _")
+    _check_keys(name, table, {"purpose", "args", "result"}, "standard: ")
+    if not table.get("purpose"):
+        raise _fail(name, "standard routine without 'purpose'")
+    _check_result(name, table.get("result"))
+    args = [parse_arg(a, name) for a in table.get("args", [])]
+    for a in args:
+        if a.type in ("procedure", "ifail"):
+            raise _fail(name, f"a standard routine cannot take {a.type} argument {a.name}")
+    return Standard(name, table["purpose"], args, table.get("result"))
+
+
+def _copy_args(args: list[Arg]) -> list[Arg]:
+    return [Arg(**{k: getattr(a, k) for k in a.__dataclass_fields__}) for a in args]
+
+
+def parse_paired(row: dict, chapter: str, standards: dict[str, Standard], source: str) -> Routine:
+    name = row.get("name", "<unnamed>")
+    if not isinstance(name, str) or not NAME_RE.match(name):
+        raise _fail(str(name), "routine name must be upper-case letters and digits")
+    _check_keys(name, row, {"name", "standard", "own", "option_length", "append_name", "purpose"},
+                "paired: ")
+    std = standards.get(row.get("standard", ""))
+    if std is None:
+        raise _fail(name, f"paired with '{row.get('standard')}', which has no [standard] prototype")
+    own = row.get("own", "impl")
+    if own not in ("impl", "external"):
+        raise _fail(name, "own must be 'impl' or 'external'")
+    option_length = row.get("option_length")
+    if option_length not in (None, 1):
+        raise _fail(name, "option_length can only be 1")
+    extras = [parse_arg("logical CALL_VENDOR in = 0 @first", name, extra=True),
+              parse_arg("integer SORDER in = 1 @first noimpl", name, extra=True)]
+    r = Routine(name=name, chapter=chapter, purpose=row.get("purpose", std.purpose),
+                args=_copy_args(std.args), extras=extras, result=std.result, layers="paired",
+                impl=name + "N", source=source, standard=std.name, own=own,
+                option_length=option_length)
+    extras[0].impl = False
+    if row.get("append_name", False):
+        r.extras.append(parse_arg(f'character*(*) SRNAME in = "{r.pairing}" @end', name, extra=True))
+    _validate(r)
+    return r
+
+
+def forward_routine(std: Standard, chapter: str, source: str) -> Routine:
+    r = Routine(name=std.name, chapter=chapter, purpose=std.purpose, args=_copy_args(std.args),
+                result=std.result, layers="forward", impl=std.name, source=source,
+                standard=std.name)
+    _validate(r)
+    return r
+
+
+def _read(path: Path) -> dict:
     try:
-        data = tomllib.loads(path.read_text())
+        return tomllib.loads(path.read_text())
     except tomllib.TOMLDecodeError as e:
         raise CatalogueError(f"{path}: {e}") from e
-    chapter = data.get("chapter")
-    if chapter != path.parent.name:
-        raise CatalogueError(f"{path}: 'chapter' must be '{path.parent.name}'")
-    routines = [parse_routine(e, chapter) for e in data.get("routine", [])]
+
+
+def load_chapter(paths) -> Chapter:
+    """One chapter from its catalogue files (a single path is accepted too)."""
+    paths = [Path(p) for p in ([paths] if isinstance(paths, (str, Path)) else paths)]
+    folder = paths[0].parent
+    datas = []
+    for p in paths:
+        if p.parent != folder:
+            raise CatalogueError(f"{p}: every catalogue file of a chapter lies in {folder}")
+        if not FILE_RE.match(p.name):
+            raise CatalogueError(f"{p}: a catalogue file is routines.toml or routines-<part>.toml")
+        data = _read(p)
+        if data.get("chapter") != folder.name:
+            raise CatalogueError(f"{p}: 'chapter' must be '{folder.name}'")
+        unknown = set(data) - {"chapter", "messages", "standard", "forward", "paired", "routine"}
+        if unknown:
+            raise CatalogueError(f"{p}: unknown keys {sorted(unknown)}")
+        datas.append((p, data))
+    chapter = folder.name
+
+    shared: dict[str, list[str]] = {}
+    standards: dict[str, Standard] = {}
+    for p, data in datas:
+        for mid, records in data.get("messages", {}).items():
+            if mid in shared:
+                raise CatalogueError(f"{p}: shared message {mid} defined twice")
+            if not NAME_RE.match(mid):
+                raise CatalogueError(f"{p}: shared message id '{mid}' is not an upper-case identifier")
+            _check_records(f"{p}: shared message {mid}", list(records))
+            shared[mid] = list(records)
+        for sname, table in data.get("standard", {}).items():
+            if sname in standards:
+                raise CatalogueError(f"{p}: standard routine {sname} defined twice")
+            standards[sname] = _parse_standard(sname, table)
+
+    routines: list[Routine] = []
+    for p, data in datas:
+        stem = p.stem
+        routines += [parse_routine(e, chapter, shared, stem) for e in data.get("routine", [])]
+        routines += [parse_paired(e, chapter, standards, stem) for e in data.get("paired", [])]
+        for sname in data.get("forward", []):
+            if sname not in standards:
+                raise _fail(sname, "forwarded, but has no [standard] prototype")
+            routines.append(forward_routine(standards[sname], chapter, stem))
     names = [r.name for r in routines]
     dup = {n for n in names if names.count(n) > 1}
     if dup:
-        raise CatalogueError(f"{path}: routines defined twice: {sorted(dup)}")
-    return Chapter(name=chapter, path=path, routines=routines)
+        raise CatalogueError(f"{folder}: routines defined twice: {sorted(dup)}")
+    used = {m.id for r in routines for m in r.messages}
+    unused = sorted(set(shared) - used)
+    if unused:
+        raise CatalogueError(f"{folder}: shared messages no routine uses: {unused}")
+    return Chapter(name=chapter, paths=paths, routines=routines)
+
+
+def group_by_chapter(paths) -> list[list[Path]]:
+    """Catalogue files grouped by their chapter folder, in first-seen order."""
+    groups: dict[Path, list[Path]] = {}
+    for p in map(Path, paths):
+        groups.setdefault(p.parent, []).append(p)
+    return [sorted(g, key=lambda p: (p.name != "routines.toml", p.name)) for g in groups.values()]

@@ -5,6 +5,8 @@
 #include <span>
 #include <string_view>
 
+#include "frame/fail.hpp"
+
 namespace lbx::frame {
 
 // One (error number, message code) pair of a routine and its record templates;
@@ -46,6 +48,12 @@ inline std::span<char> char_out(char* s, std::size_t len, std::size_t declared)
     return {s, declared == 0 || declared > len ? len : declared};
 }
 
+// The address of a routine of the external BLAS/LAPACK library by its symbol
+// (for example "dgetrf_"), for forwards and the external side of paired
+// routines; looked up once per routine.  A symbol the library lacks is reported
+// on the error unit and stops the process.
+void* external_routine(const char* symbol) noexcept;
+
 // The coded message in ERRBUF up to its first NUL (empty after a success).
 inline std::string_view errbuf_text(const char* errbuf)
 {
@@ -74,6 +82,7 @@ public:
 
     void integer(std::string_view name, int v);
     void real(std::string_view name, double v);
+    void complex(std::string_view name, lbx::Complex v);
     void logical(std::string_view name, int v);
     void character(std::string_view name, std::string_view v);
     void array(std::string_view name, long length);

@@ -9,6 +9,7 @@
 // the count of values is checked when the implementation is compiled.
 #pragma once
 
+#include <complex>
 #include <cstdint>
 #include <string_view>
 
@@ -16,6 +17,8 @@ namespace lbx {
 
 // A Fortran LOGICAL: a 32-bit word, true when bit 0 is set.
 using Logical = std::int32_t;
+// A Fortran COMPLEX*16: two doubles, real part first.
+using Complex = std::complex<double>;
 
 inline constexpr int errbuf_length = 200;
 

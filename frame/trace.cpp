@@ -212,6 +212,11 @@ void TraceFrame::real(std::string_view name, double v)
 {
     argument_line(name, format_real(v));
 }
+void TraceFrame::complex(std::string_view name, lbx::Complex v)
+{
+    const double parts[2] = {v.real(), v.imag()};
+    Y90ACFT(name, parts, false);
+}
 void TraceFrame::logical(std::string_view name, int v)
 {
     argument_line(name, format_logical(v));

@@ -3,6 +3,8 @@
 // adapters, user arrays, results and the -999 path.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <complex>
 #include <cstring>
 #include <new>
 #include <string>
@@ -242,6 +244,101 @@ TEST(Shapes, LogicalResultDeclaredLengthAndCharacterCallback)
     EXPECT_EQ(said, "hello/5");
     EXPECT_EQ(z99aif_("KE", &say, &ifail, 2), 0);  // never reads past the caller's length
     EXPECT_EQ(seen::text, "KE");
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- second catalogue file
+
+extern "C" {
+double z99baf_(const int* n, const double* dx, const int* incx, const double* dy, const int* incy);
+double z99baft_(const int* call_vendor, const int* sorder, const int* n, const double* dx,
+                const int* incx, const double* dy, const int* incy);
+double z99bbf_(const char* norm, const int* m, const int* n, const double* a, const int* lda,
+               double* work, std::size_t norm_len);
+void dscal_(const int* n, const double* da, double* dx, const int* incx);
+void zscal_(const int* n, const std::complex<double>* za, std::complex<double>* zx,
+            const int* incx);
+void z99bcf_(const int* n, const std::complex<double>* z, std::complex<double>* v,
+             std::complex<double>* w, int* ifail);
+}
+
+namespace lbx::shapes {
+
+// The own path of Z99BAF: the negated dot product, so a test sees which path ran.
+double Z99BAFN(int n, const double* dx, int incx, const double* dy, int incy)
+{
+    double s = 0;
+    for (int i = 0; i < n; ++i)
+        s -= dx[i * incx] * dy[i * incy];
+    return s;
+}
+
+void Z99BCFN(int n, lbx::Complex z, lbx::Complex* v, lbx::Complex& w, lbx::Fail& fail)
+{
+    if (n < 0)
+        return fail(Z99BCF_msg::N_NEGATIVE, n);
+    w = 0;
+    for (int i = 0; i < n; ++i) {
+        w += v[i];
+        v[i] *= z;
+    }
+}
+
+}  // namespace lbx::shapes
+
+namespace {
+
+TEST(Shapes, PairedRoutineDispatchesOnBitZeroOfTheVendorFlag)
+{
+    const double x[3] = {1, 2, 3}, y[3] = {4, 5, 6};
+    int n = 3, inc = 1, sorder = 1;
+    EXPECT_EQ(z99baf_(&n, x, &inc, y, &inc), -32.0);  // the plain entry takes the own path
+    for (int flag : {1, 3, -1})
+        EXPECT_EQ(z99baft_(&flag, &sorder, &n, x, &inc, y, &inc), 32.0) << flag;
+    for (int flag : {0, 2})
+        EXPECT_EQ(z99baft_(&flag, &sorder, &n, x, &inc, y, &inc), -32.0) << flag;
+    EXPECT_EQ(Z99BAF_pairing, "Z99BAF/DDOT");
+}
+
+TEST(Shapes, PairedExternalOwnPathGetsOptionsWithLengthOne)
+{
+    // A 2 x 2 matrix: max abs column sum 6 (norm "1"), Frobenius sqrt(30).
+    const double a[4] = {1, -3, 2, 4};
+    double work[2];
+    int m = 2, n = 2;
+    EXPECT_EQ(z99bbf_("1-norm", &m, &n, a, &m, work, 6), 6.0);
+    EXPECT_DOUBLE_EQ(z99bbf_("Frobenius", &m, &n, a, &m, work, 9), std::sqrt(30.0));
+}
+
+TEST(Shapes, ForwardsReachTheExternalRoutine)
+{
+    double x[2] = {1.5, -2};
+    const double da = 2;
+    int n = 2, inc = 1;
+    dscal_(&n, &da, x, &inc);
+    EXPECT_EQ(x[0], 3.0);
+    EXPECT_EQ(x[1], -4.0);
+    std::complex<double> z[2] = {{1, 1}, {0, 2}};
+    const std::complex<double> za{0, 1};
+    zscal_(&n, &za, z, &inc);
+    EXPECT_EQ(z[0], std::complex<double>(-1, 1));
+    EXPECT_EQ(z[1], std::complex<double>(-2, 0));
+}
+
+TEST(Shapes, ComplexArgumentsAndASharedMessage)
+{
+    std::complex<double> v[2] = {{1, 2}, {3, -1}}, w;
+    const std::complex<double> z{0, 2};
+    int n = 2, ifail = 0;
+    z99bcf_(&n, &z, v, &w, &ifail);
+    EXPECT_EQ(ifail, 0);
+    EXPECT_EQ(w, std::complex<double>(4, 1));
+    EXPECT_EQ(v[1], std::complex<double>(2, 6));
+    n = -1;
+    ifail = 1;
+    z99bcf_(&n, &z, v, &w, &ifail);
+    EXPECT_EQ(ifail, 1);
 }
 
 }  // namespace

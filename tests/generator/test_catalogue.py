@@ -1,19 +1,27 @@
-"""The catalogue reader refuses malformed entries, naming the routine, and the
-conventions name and order the entries as callers expect."""
+"""The catalogue reader refuses malformed entries, naming the routine; the entry
+model names and orders the entries as callers of each convention expect; the
+compiler holds implementations to their generated prototypes."""
 import os
+import shutil
+import subprocess
 import sys
 import tempfile
 import unittest
 from pathlib import Path
 
 SOURCE = Path(os.environ.get("LBX_SOURCE", Path(__file__).resolve().parents[2]))
+CXX = os.environ.get("LBX_CXX", shutil.which("g++") or "c++")
 sys.path.insert(0, str(SOURCE / "exports"))
 
 from catalogue import CatalogueError, load_chapter, parse_routine  # noqa: E402
 from convention import LINUX, WINDOWS32  # noqa: E402
+from model import routine_model  # noqa: E402
+import emit_public  # noqa: E402
 import generate  # noqa: E402
 
 GOOD = {"name": "Q01AAF", "purpose": "p", "args": ["real X in", "ifail IFAIL"]}
+LIBRARY = sorted(SOURCE.glob("*/routines*.toml"))
+SHAPES = sorted((SOURCE / "tests" / "generator" / "shapes").glob("routines*.toml"))
 
 
 def entry(**changes):
@@ -22,29 +30,38 @@ def entry(**changes):
     return {k: v for k, v in e.items() if v is not None}
 
 
+def chapter(tmp: str, *files: tuple[str, str]):
+    folder = Path(tmp) / "q"
+    folder.mkdir(exist_ok=True)
+    for name, text in files:
+        (folder / name).write_text('chapter = "q"\n' + text)
+    return load_chapter(sorted(folder.glob("*.toml")))
+
+
 class Refusals(unittest.TestCase):
     CASES = [
         ("no purpose", entry(purpose=None), "missing 'purpose'"),
         ("no args", entry(args=None), "missing 'args'"),
         ("bad type", entry(args=["double X in", "ifail IFAIL"]), "cannot read argument"),
         ("no intent", entry(args=["real X", "ifail IFAIL"]), "exactly one intent"),
-        ("two intents", entry(args=["real X in out", "ifail IFAIL"]), "exactly one intent"),
         ("IFAIL not last", entry(args=["ifail IFAIL", "real X in"]), "IFAIL must be the last"),
         ("unknown extent", entry(args=["real X(N) in", "ifail IFAIL"]), "unknown argument N"),
         ("duplicate", entry(args=["real X in", "real X in", "ifail IFAIL"]), "named twice"),
-        ("procedure table missing", entry(args=["procedure F", "ifail IFAIL"]), "has no [routine.procedure.F]"),
+        ("procedure table missing", entry(args=["procedure F", "ifail IFAIL"]),
+         "has no [routine.procedure.F]"),
         ("unknown key", entry(colour="red"), "unknown keys"),
-        ("bad result", entry(result="complex"), "result must be"),
+        ("complex result", entry(result="complex"), "result must be"),
         ("record without stars", entry(message=[{"id": "A", "ifail": 1, "code": 1, "records": ["x"]}]),
          "must begin ' ** '"),
-        ("thirteen records", entry(message=[{"id": "A", "ifail": 1, "code": 1, "records": [" ** a"] * 13}]),
-         "1 to 12 records"),
+        ("thirteen records", entry(message=[{"id": "A", "ifail": 1, "code": 1,
+                                             "records": [" ** a"] * 13}]), "1 to 12 records"),
         ("pair twice", entry(message=[{"id": "A", "ifail": 1, "code": 1, "records": [" ** a"]},
                                       {"id": "B", "ifail": 1, "code": 1, "records": [" ** b"]}]),
          "defined twice"),
-        ("message without IFAIL", entry(args=["real X in"],
-                                        message=[{"id": "A", "ifail": 1, "code": 1, "records": [" ** a"]}]),
-         "no IFAIL"),
+        ("no records, none shared", entry(message=[{"id": "A", "ifail": 1, "code": 1}]),
+         "shares none of that id"),
+        ("message without IFAIL", entry(args=["real X in"], message=[
+            {"id": "A", "ifail": 1, "code": 1, "records": [" ** a"]}]), "no IFAIL"),
         ("extra without value", entry(extra=["integer N in"]), "needs '= VALUE'"),
         ("export_impl with IFAIL", entry(export_impl=True), "export_impl"),
         ("direct with IFAIL", entry(layers="direct"), "direct routine"),
@@ -58,61 +75,130 @@ class Refusals(unittest.TestCase):
                 self.assertIn("Q01AAF", str(cm.exception))
                 self.assertIn(text, str(cm.exception))
 
-    def test_chapter_must_match_folder(self):
-        with tempfile.TemporaryDirectory() as d:
-            p = Path(d) / "sorting" / "routines.toml"
-            p.parent.mkdir()
-            p.write_text('chapter = "special"\n')
-            with self.assertRaises(CatalogueError):
-                load_chapter(p)
+    STD = '[standard.DDOT]\npurpose = "p"\nargs = ["integer N in"]\n'
+    FILE_CASES = [
+        ("chapter differs", "routines.toml", "", "'chapter' must be 'q'"),
+        ("unknown standard", "routines.toml", 'paired = [{name = "Q01BAF", standard = "DAXPY"}]\n',
+         "Q01BAF: paired with 'DAXPY'"),
+        ("unknown own path", "routines.toml",
+         'paired = [{name = "Q01BAF", standard = "DDOT", own = "mine"}]\n' + STD, "Q01BAF: own must"),
+        ("forward without prototype", "routines.toml", 'forward = ["DAXPY"]\n', "DAXPY: forwarded"),
+        ("shared message unused", "routines.toml", '[messages]\nA = [" ** a"]\n', "no routine uses"),
+        ("file name", "extra.toml", "", "routines.toml or routines-<part>.toml"),
+    ]
+
+    def test_chapter_files_refused_naming_the_place(self):
+        for label, name, text, expected in self.FILE_CASES:
+            with self.subTest(label), tempfile.TemporaryDirectory() as d:
+                if label == "chapter differs":
+                    (Path(d) / "q").mkdir()
+                    (Path(d) / "q" / name).write_text('chapter = "r"\n')
+                    call = lambda: load_chapter(Path(d) / "q" / name)  # noqa: E731
+                else:
+                    call = lambda: chapter(d, (name, text))  # noqa: E731
+                with self.assertRaises(CatalogueError) as cm:
+                    call()
+                self.assertIn(expected, str(cm.exception))
 
 
-class Conventions(unittest.TestCase):
-    def routine(self, **kw):
-        return parse_routine(entry(**kw), "q")
+def model(conv, **kw):
+    return routine_model(parse_routine(entry(**kw), "q"), conv)
 
+
+class EntryModel(unittest.TestCase):
     def test_windows_decorations_count_argument_words(self):
         s14 = parse_routine({"name": "S14AAF", "purpose": "p", "result": "real",
                              "args": ["real X in", "ifail IFAIL"]}, "special")
         m01 = parse_routine({"name": "M01CAF", "purpose": "p",
                              "args": ["real RV(M2) inout", "integer M1 in", "integer M2 in",
                                       "character*1 ORDER in", "ifail IFAIL"]}, "sorting")
-        syms = WINDOWS32.symbols(s14) + WINDOWS32.symbols(m01)
-        for s in ["S14AAF", "_S14AAF", "_S14AAF@8", "_s14aaf_", "_S14AAFT@16", "_s14aaft_",
-                  "_M01CAF@24", "_M01CAFT@32"]:
-            self.assertIn(s, syms)
+        exports = {e.name: e.exports for r in (s14, m01) for e in routine_model(r, WINDOWS32).entries}
+        self.assertEqual(exports["S14AAF"], ["S14AAF", "_S14AAF", "_S14AAF@8", "_s14aaf_"])
+        self.assertEqual(exports["S14AAFT"], ["S14AAFT", "_S14AAFT", "_S14AAFT@16", "_s14aaft_"])
+        self.assertIn("_M01CAF@24", exports["M01CAF"])
+        self.assertIn("_M01CAFT@32", exports["M01CAFT"])
 
     def test_hidden_lengths_linux_at_end_windows_after_address(self):
-        r = self.routine(args=["character*1 ORDER in", "real X in", "ifail IFAIL"])
-        from convention import routine_slots
-        slots = routine_slots(r, "traced")
-        linux = [(k, s.name) for k, s in LINUX.order(slots)]
-        win = [(k, s.name) for k, s in WINDOWS32.order(slots)]
-        self.assertEqual(linux, [("arg", "order"), ("arg", "x"), ("arg", "errbuf"), ("arg", "ifail"),
-                                 ("len", "order"), ("len", "errbuf")])
-        self.assertEqual(win, [("arg", "order"), ("len", "order"), ("arg", "x"), ("arg", "errbuf"),
-                               ("len", "errbuf"), ("arg", "ifail")])
+        kw = dict(args=["character*1 ORDER in", "real X in", "ifail IFAIL"])
+        traced = {c.name: [p.name for p in model(c, **kw).entries[1].params] for c in (LINUX, WINDOWS32)}
+        self.assertEqual(traced["linux"], ["order", "x", "errbuf", "ifail", "order_len", "errbuf_len"])
+        self.assertEqual(traced["windows32"], ["order", "order_len", "x", "errbuf", "errbuf_len", "ifail"])
+        plain = model(WINDOWS32, **kw).entries[0]
+        self.assertEqual(plain.call_args, ["order", "order_len", "x", "errbuf_", "lbx::errbuf_length",
+                                           "&ifail_"])
 
     def test_linux_names_and_adapters(self):
-        r = self.routine(args=["procedure F", "ifail IFAIL"], procedure={"F": {"args": ["real X in"]}})
-        self.assertEqual(LINUX.symbols(r), ["q01aaf_", "Q01AAF", "q01aaft_", "Q01AAFT", "q01aaf_fh_", "Q01AAF_FH"])
+        m = model(LINUX, args=["procedure F", "ifail IFAIL"], procedure={"F": {"args": ["real X in"]}})
+        self.assertEqual([s for e in m.entries for s in e.exports],
+                         ["q01aaf_", "Q01AAF", "q01aaft_", "Q01AAFT", "q01aaf_fh_", "Q01AAF_FH"])
+        adapter = m.entries[2]
+        self.assertEqual([p.name for p in adapter.params], ["fn", "x"])
 
     def test_every_routine_gets_the_allocation_message(self):
-        r = self.routine()
-        self.assertEqual([(m.ifail, m.code) for m in r.messages], [(-999, 99991)])
+        self.assertEqual([(m.ifail, m.code) for m in model(LINUX).messages], [(-999, 99991)])
+
+    def test_paired_routine_layers(self):
+        with tempfile.TemporaryDirectory() as d:
+            ch = chapter(d, ("routines.toml",
+                             'paired = [{name = "Q06YAF", standard = "DGEMV", option_length = 1, '
+                             'append_name = true}]\n[standard.DGEMV]\npurpose = "p"\n'
+                             'args = ["character*1 TRANS in", "integer M in", "real Y(M) inout"]\n'))
+        m = routine_model(ch.routines[0], LINUX)
+        plain, traced = m.entries
+        self.assertEqual([p.name for p in traced.params],
+                         ["call_vendor", "sorder", "trans", "m", "y", "srname", "trans_len", "srname_len"])
+        self.assertEqual(plain.call_args, ["&call_vendor_value", "&sorder_value", "trans", "m", "y",
+                                           "srname_value", "1", "sizeof(srname_value) - 1"])
+        self.assertEqual([x.init for x in plain.locals], ["0", "1", '"Q06YAF/DGEMV"'])
+        self.assertEqual([a.name for a, _ in m.impl_params], ["TRANS", "M", "Y", "SRNAME"])
+        self.assertEqual(traced.external.symbol, "dgemv_")
+        self.assertEqual([t.label for t in traced.trace_in][:2], ["CALL_VENDOR", "SORDER"])
 
 
 class WholeLibrary(unittest.TestCase):
-    def test_library_catalogues_generate(self):
-        cats = sorted(SOURCE.glob("*/routines.toml"))
+    def test_both_conventions_generate_and_windows_entries_compile(self):
         with tempfile.TemporaryDirectory() as d:
-            generate.generate(cats, Path(d), windows_def=True)
-            exports = (Path(d) / "exports.txt").read_text().split()
+            out = Path(d)
+            generate.generate(LIBRARY, out / "linux", docs=SOURCE / "docs")
+            exports = (out / "linux" / "exports.txt").read_text().split()
             self.assertIn("m01caf_", exports)
             self.assertIn("X02AJFN", exports)
-            module = (Path(d) / "gen" / "lbx3207qk.f90").read_text()
+            module = (out / "linux" / "gen" / "lbx3207qk.f90").read_text()
             self.assertIn("subroutine m01caf(rv, m1, m2, order, ifail)", module)
-            self.assertIn("_M01CAF@24", (Path(d) / "lbx3207qk.def").read_text())
+            generate.generate(LIBRARY + SHAPES, out / "win", convention="windows32")
+            deffile = (out / "win" / "lbx3207qk.def").read_text()
+            for line in ["_M01CAF@24=M01CAF@24", "    M01CAF=M01CAF@24", "_m01caf_=M01CAF@24",
+                         "_C05AYF_FH@16=C05AYF_FH@16"]:
+                self.assertIn(line, deffile)
+            sources = sorted(str(p) for p in (out / "win" / "gen").glob("*_routines*.cpp"))
+            run = subprocess.run([CXX, "-std=c++20", "-fsyntax-only", "-Wno-attributes",
+                                  f"-I{SOURCE}", f"-I{out / 'win'}", *sources],
+                                 capture_output=True, text=True)
+            self.assertEqual(run.returncode, 0, run.stderr[:2000])
+
+    def test_docs_error_tables_come_from_the_catalogue(self):
+        by_name = {r.name: routine_model(r, LINUX)
+                   for r in load_chapter(SOURCE / "special" / "routines.toml").routines}
+        text = emit_public.expand_doc("a\n<!-- errors: S14ABF -->\nb\n", by_name, "p.md")
+        self.assertIn("| 2 | 99998 | ` ** On entry, X = {1}.`", text)
+        self.assertNotIn("errors:", text)
+        with self.assertRaises(KeyError):
+            emit_public.expand_doc("<!-- errors: S99ZZF -->\n", by_name, "p.md")
+
+
+class DriftGuard(unittest.TestCase):
+    def test_implementation_that_differs_from_its_prototype_stops_the_build(self):
+        with tempfile.TemporaryDirectory() as d:
+            generate.generate(SHAPES, Path(d))
+            bad = Path(d) / "bad.cpp"
+            bad.write_text('#include "gen/shapes.hpp"\nnamespace lbx::shapes {\n'
+                           "double Z99AAFN(float x, lbx::Fail&) { return x; }\n}\n")
+            run = subprocess.run([CXX, "-std=c++20", "-fsyntax-only", "-Werror=missing-declarations",
+                                  f"-I{SOURCE}", f"-I{d}", str(bad)], capture_output=True, text=True,
+                                 env=dict(os.environ, LC_ALL="C"))
+        self.assertNotEqual(run.returncode, 0)
+        self.assertIn("no previous declaration for 'double lbx::shapes::Z99AAFN(float, lbx::Fail&)'",
+                      run.stderr)
 
 
 if __name__ == "__main__":
