@@ -85,7 +85,6 @@ class CatalogueError(Exception):
 
 
 SCALAR_TYPES = ("integer", "real", "logical")
-VALUE_TYPES = SCALAR_TYPES + ("complex",)
 NAME_RE = re.compile(r"^[A-Z][A-Z0-9_]*$")
 ALLOC_MESSAGE = (-999, 99991, [" ** Dynamic memory allocation failed."])
 FILE_RE = re.compile(r"^routines(-[a-z0-9_]+)?\.toml$")

@@ -5,8 +5,8 @@ from __future__ import annotations
 
 import re
 
-from catalogue import Arg, Procedure
-from model import ChapterModel, Entry, Param, ProcModel, RoutineModel, Type
+from catalogue import Arg
+from model import ChapterModel, Entry, Param, RoutineModel, Type
 
 C_BASE = {"integer": "int", "real": "double", "complex": "lbx_complex", "logical": "int",
           "character": "char"}

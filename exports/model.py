@@ -94,7 +94,6 @@ class Entry:
     # traced entries of paired routines and forwards: the external routine
     external: "External | None" = None
     vendor_flag: str = ""  # paired: the CALL_VENDOR parameter
-    proc: ProcModel | None = None  # adapters
 
 
 @dataclass
@@ -311,7 +310,7 @@ def _adapter(r: Routine, pm: ProcModel, conv: Convention) -> Entry:
     args = [p.name for p in pm.fn_params]
     return _entry(conv, pm.proc.adapter, "adapter", pm.result, pm.adapter_params,
                   purpose=f"calls {r.name}'s user procedure {pm.proc.name}", callee="fn",
-                  call_args=args, proc=pm)
+                  call_args=args)
 
 
 def _direct(r: Routine, name: str, conv: Convention, typename) -> Entry:
