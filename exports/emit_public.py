@@ -222,6 +222,6 @@ def expand_doc(text: str, by_name: dict[str, RoutineModel], page: str) -> str:
         for name in match.group(1).split():
             if name not in by_name:
                 raise KeyError(f"{page}: errors of unknown routine {name}")
-            out.append(f"**{name}**\n\n{error_table(by_name[name])}\n")
-        return "".join(out)
+            out.append(f"**{name}**\n\n{error_table(by_name[name])}")
+        return "\n".join(out)
     return MARKER.sub(table, text)
