@@ -4,49 +4,10 @@
 
 #include <cmath>
 
-#include "roots/zero_engine.hpp"
+#include "frame/fail.hpp"
 #include "roots/zero_engine_inline.hpp"
 
 namespace lbx::roots {
-
-enum class DriverStatus {
-    ok,
-    eps_invalid,   // EPS <= 0
-    a_equals_b,    // A = B
-    same_sign,     // f(A), f(B) of the same sign, both non-zero (v1 = f(A), v2 = f(B))
-    eps_small,     // the bracket cannot shrink further (engine accuracy limit; v1 = EPS)
-    pole,          // the final abs(f) exceeds both end values
-    engine_other,  // any other engine failure (cannot occur: the driver's checks exclude
-                   // them); engine_ifail holds the engine's error number
-};
-
-struct DriverReport {
-    DriverStatus status = DriverStatus::ok;
-    double v1 = 0.0;
-    double v2 = 0.0;
-    int engine_ifail = 0;
-};
-
-// The engine's error number for each failure status.
-inline int engine_error_number(ZeroStatus s)
-{
-    switch (s) {
-        case ZeroStatus::same_sign:
-            return 1;
-        case ZeroStatus::ind_invalid:
-            return 2;
-        case ZeroStatus::tolx_invalid:
-        case ZeroStatus::ir_invalid:
-            return 3;
-        case ZeroStatus::pole:
-            return 4;
-        case ZeroStatus::tolx_small:
-            return 5;
-        case ZeroStatus::ok:
-            break;
-    }
-    return 0;
-}
 
 // A value that ends the search at once: an exact zero, or abs(f) < eta.
 inline bool accepted(double f, double eta)
@@ -55,10 +16,11 @@ inline bool accepted(double f, double eta)
 }
 
 // Solve on a bracket [a, b] whose end values fa = f(a), fb = f(b) are known,
-// non-zero and not accepted, with opposite signs. eval(x) returns f(x).
-template <class Eval>
-DriverReport solve_known_bracket(double a, double fa, double b, double fb, double eps, double eta,
-                                 Eval&& eval, double& x_out)
+// non-zero and not accepted, with opposite signs. eval(x) returns f(x); a
+// failure is raised as Msg::POLE or Msg::EPS_TOO_SMALL.
+template <class Msg, class Eval>
+void solve_known_bracket(double a, double fa, double b, double fb, double eps, double eta,
+                         Eval&& eval, double& x_out, lbx::Fail& fail)
 {
     // The search runs on locals (kept in registers across the calls of f);
     // x_out receives each point before f is called there, and the result.
@@ -73,65 +35,48 @@ DriverReport solve_known_bracket(double a, double fa, double b, double fb, doubl
         x_out = x;
         fx = eval(x);
         if (accepted(fx, eta)) {
-            return {};
+            return;
         }
         r = zero_engine_step_inline(x, y, fx, eps, 1, c, ind);
     }
     x_out = x;
-    DriverReport out;
-    switch (r.status) {
-        case ZeroStatus::ok:
-            break;
-        case ZeroStatus::tolx_small:
-            out.status = DriverStatus::eps_small;
-            out.v1 = eps;
-            break;
-        case ZeroStatus::pole:
-            out.status = DriverStatus::pole;
-            break;
-        default:
-            out.status = DriverStatus::engine_other;
-            out.engine_ifail = engine_error_number(r.status);
-            break;
+    // Started here with valid arguments on a sign change, the engine ends
+    // converged, at a pole or at the accuracy limit.
+    if (r.status == ZeroStatus::pole) {
+        fail(Msg::POLE);
+    } else if (r.status == ZeroStatus::tolx_small) {
+        fail(Msg::EPS_TOO_SMALL, r.v1);
     }
-    return out;
 }
 
-// The C05AYF driver: checks, end values, then the engine.
-template <class Eval>
-DriverReport solve_interval(double a, double b, double eps, double eta, Eval&& eval, double& x)
+// The computation of C05AYF and C05ADF (Msg is C05AYF_msg or C05ADF_msg):
+// checks, end values, then the engine.
+template <class Msg, class Eval>
+void solve_interval(double a, double b, double eps, double eta, Eval&& eval, double& x,
+                    lbx::Fail& fail)
 {
-    DriverReport out;
     if (!(eps > 0.0)) {
-        out.status = DriverStatus::eps_invalid;
-        out.v1 = eps;
-        return out;
+        return fail(Msg::EPS_NOT_POSITIVE, eps);
     }
     if (a == b) {
-        out.status = DriverStatus::a_equals_b;
-        out.v1 = a;
-        out.v2 = b;
-        return out;
+        return fail(Msg::A_EQUALS_B, a, b);
     }
     x = a;
     const double fa = eval(x);
     if (accepted(fa, eta)) {
         x = a;
-        return out;
+        return;
     }
     x = b;
     const double fb = eval(x);
     if (accepted(fb, eta)) {
         x = b;
-        return out;
+        return;
     }
     if (same_sign(fa, fb)) {
-        out.status = DriverStatus::same_sign;
-        out.v1 = fa;
-        out.v2 = fb;
-        return out;
+        return fail(Msg::SAME_SIGN, fa, fb);
     }
-    return solve_known_bracket(a, fa, b, fb, eps, eta, eval, x);
+    solve_known_bracket<Msg>(a, fa, b, fb, eps, eta, eval, x, fail);
 }
 
 }  // namespace lbx::roots

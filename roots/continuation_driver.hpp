@@ -13,40 +13,21 @@
 
 namespace lbx::roots {
 
-enum class ContinuationDriverStatus {
-    ok,
-    eps_invalid,     // v1 = EPS
-    nfmax_invalid,   // iv = NFMAX
-    too_many_calls,  // iv = NFMAX
-    no_progress,     // v1 = X
-};
-
-struct ContinuationDriverReport {
-    ContinuationDriverStatus status = ContinuationDriverStatus::ok;
-    double v1 = 0.0;
-    int iv = 0;
-};
-
 // Difference step of the direct drivers.
 inline double default_scal(double x)
 {
     return std::sqrt(lbx::machine::eps) * std::fmax(1.0, std::fabs(x));
 }
 
-template <class Eval>
-ContinuationDriverReport continuation_solve(double& x, double eps, double eta, Eval&& eval,
-                                            int nfmax)
+// The computation of C05AWF and C05AJF (Msg is C05AWF_msg or C05AJF_msg).
+template <class Msg, class Eval>
+void continuation_solve(double& x, double eps, double eta, Eval&& eval, int nfmax, lbx::Fail& fail)
 {
-    ContinuationDriverReport out;
     if (!(eps > 0.0)) {
-        out.status = ContinuationDriverStatus::eps_invalid;
-        out.v1 = eps;
-        return out;
+        return fail(Msg::EPS_NOT_POSITIVE, eps);
     }
     if (nfmax <= 0) {
-        out.status = ContinuationDriverStatus::nfmax_invalid;
-        out.iv = nfmax;
-        return out;
+        return fail(Msg::NFMAX_NOT_POSITIVE, nfmax);
     }
     double c[26];
     int ind = 1;
@@ -59,14 +40,12 @@ ContinuationDriverReport continuation_solve(double& x, double eps, double eta, E
     while (ind != 0) {
         if (calls == nfmax) {
             x = best;  // the evaluated point of least abs(f)
-            out.status = ContinuationDriverStatus::too_many_calls;
-            out.iv = nfmax;
-            return out;
+            return fail(Msg::TOO_MANY_CALLS, nfmax);
         }
         ++calls;
         fx = eval(x);
         if (accepted(fx, eta)) {
-            return out;
+            return;
         }
         if (std::fabs(fx) < fbest) {
             best = x;
@@ -75,11 +54,10 @@ ContinuationDriverReport continuation_solve(double& x, double eps, double eta, E
         r = continuation_step(x, fx, eps, 0, scal, c, ind);
     }
     if (r.status != ContinuationStatus::ok) {
-        // no_progress or zero_derivative: x is the point reached.
-        out.status = ContinuationDriverStatus::no_progress;
-        out.v1 = x;
+        // The continuation stalled (no_progress or zero_derivative, or
+        // scal_too_small for an infinite X): x is the point reached.
+        fail(Msg::NO_PROGRESS, x);
     }
-    return out;
 }
 
 }  // namespace lbx::roots

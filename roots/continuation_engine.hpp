@@ -3,6 +3,8 @@
 // array c (26 elements).
 #pragma once
 
+#include "roots/report.hpp"
+
 namespace lbx::roots {
 
 enum class ContinuationStatus {
@@ -15,11 +17,7 @@ enum class ContinuationStatus {
     zero_derivative,  // v1 = X
 };
 
-struct ContinuationReport {
-    ContinuationStatus status = ContinuationStatus::ok;
-    double v1 = 0.0, v2 = 0.0;
-    int iv = 0;
-};
+using ContinuationReport = Report<ContinuationStatus>;
 
 ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal,
                                      double* c, int& ind);

@@ -13,38 +13,17 @@ namespace lbx::roots {
 // Distance of the search bounds from the starting point, in units of |H|.
 inline constexpr double kSearchReach = 1024.0;
 
-enum class SearchDriverStatus {
-    ok,
-    eps_invalid,     // v1 = EPS
-    h_too_small,     // v1 = X, v2 = H
-    no_sign_change,  // v1, v2 the last interval searched
-    eps_small,       // v1 = EPS
-    pole,
-    engine_other,  // cannot occur; engine_ifail holds the engine's error number
-};
-
-struct SearchDriverReport {
-    SearchDriverStatus status = SearchDriverStatus::ok;
-    double v1 = 0.0, v2 = 0.0;
-    int engine_ifail = 0;
-};
-
-template <class Eval>
-SearchDriverReport search_and_solve(double& x, double h, double eps, double eta, Eval&& eval,
-                                    double& a, double& b)
+// The computation of C05AUF and C05AGF (Msg is C05AUF_msg or C05AGF_msg).
+template <class Msg, class Eval>
+void search_and_solve(double& x, double h, double eps, double eta, Eval&& eval, double& a,
+                      double& b, lbx::Fail& fail)
 {
-    SearchDriverReport out;
     if (!(eps > 0.0)) {
-        out.status = SearchDriverStatus::eps_invalid;
-        out.v1 = eps;
-        return out;
+        return fail(Msg::EPS_NOT_POSITIVE, eps);
     }
     const double x0 = x;
     if (!(x0 + h != x0) || !std::isfinite(h) || !std::isfinite(x0)) {
-        out.status = SearchDriverStatus::h_too_small;
-        out.v1 = x0;
-        out.v2 = h;
-        return out;
+        return fail(Msg::H_TOO_SMALL, x0, h);
     }
     const double reach = kSearchReach * std::fabs(h);
     double c[11];
@@ -57,42 +36,25 @@ SearchDriverReport search_and_solve(double& x, double h, double eps, double eta,
         fx = eval(x);
         if (accepted(fx, eta)) {
             a = b = x;
-            return out;
+            return;
         }
         r = search_engine_step(x, fx, h, x0 - reach, x0 + reach, y, c, ind);
     }
     if (r.status != SearchStatus::ok) {
         // Only the exhausted search can fail here: the bounds are built
         // around x0 and H has been checked.
-        out.status = SearchDriverStatus::no_sign_change;
-        out.v1 = a = r.v1;
-        out.v2 = b = r.v2;
+        a = r.v1;
+        b = r.v2;
         x = x0;
-        return out;
+        return fail(Msg::NO_SIGN_CHANGE, r.v1, r.v2);
     }
     // Interval found: x holds the last probe (value fx), y the other end (value c[0]).
     a = std::fmin(x, y);
     b = std::fmax(x, y);
     if (y == x) {
-        return out;  // exact zero met during the search
+        return;  // exact zero met during the search
     }
-    const DriverReport d = solve_known_bracket(y, c[0], x, fx, eps, eta, eval, x);
-    switch (d.status) {
-        case DriverStatus::ok:
-            break;
-        case DriverStatus::eps_small:
-            out.status = SearchDriverStatus::eps_small;
-            out.v1 = eps;
-            break;
-        case DriverStatus::pole:
-            out.status = SearchDriverStatus::pole;
-            break;
-        default:
-            out.status = SearchDriverStatus::engine_other;
-            out.engine_ifail = d.engine_ifail;
-            break;
-    }
-    return out;
+    solve_known_bracket<Msg>(y, c[0], x, fx, eps, eta, eval, x, fail);
 }
 
 }  // namespace lbx::roots

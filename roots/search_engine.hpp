@@ -2,6 +2,8 @@
 // C05AUF and C05AGF. The state lives in the caller's array c (eleven elements).
 #pragma once
 
+#include "roots/report.hpp"
+
 namespace lbx::roots {
 
 enum class SearchStatus {
@@ -14,11 +16,7 @@ enum class SearchStatus {
     no_sign_change,  // bounds exhausted; v1, v2 the last interval searched
 };
 
-struct SearchReport {
-    SearchStatus status = SearchStatus::ok;
-    double v1 = 0.0, v2 = 0.0, v3 = 0.0, v4 = 0.0;
-    int iv = 0;
-};
+using SearchReport = Report<SearchStatus>;
 
 // One entry of the outward search (see docs/roots-zero.md for IND and C).
 // On a successful finish X and Y bracket a sign change, the caller's last

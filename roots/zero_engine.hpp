@@ -5,10 +5,12 @@
 // independent searches may be interleaved or run on different threads.
 #pragma once
 
+#include "roots/report.hpp"
+
 namespace lbx::roots {
 
-// Outcome of one entry of the engine. For failures the fields v1, v2 and iv
-// carry the values that the routine's message quotes.
+// Outcome of one entry of the engine (v1, v2 and iv carry the values that
+// C05AZF's messages quote).
 enum class ZeroStatus {
     ok,            // intermediate return (ind != 0) or successful finish (ind == 0)
     same_sign,     // f at the two starting points of the same sign, neither zero
@@ -19,12 +21,7 @@ enum class ZeroStatus {
     tolx_small,    // bracket cannot shrink further at machine precision
 };
 
-struct ZeroReport {
-    ZeroStatus status = ZeroStatus::ok;
-    double v1 = 0.0;
-    double v2 = 0.0;
-    int iv = 0;
-};
+using ZeroReport = Report<ZeroStatus>;
 
 // The sign test of the engine and its drivers: two values count as having
 // the same sign when both are non-positive or both are positive. A NaN counts
