@@ -87,9 +87,8 @@ ContinuationReport start_bracketing(double& x, double fx, double tol, int ir, do
     c[0] = c[kFx];
     double y = c[kX];
     int eind = -1;
-    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
+    zero_engine_step(x, y, fx, tol, ir, c, eind);
     c[kY] = y;
-    (void)r;
     if (eind == 0 || c[9] != 0.0) {
         // Converged at once (the engine asks only for its final check).
         ind = 0;
@@ -104,9 +103,8 @@ ContinuationReport continue_bracketing(double& x, double fx, double tol, int ir,
 {
     double y = c[kY];
     int eind = 4;
-    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
+    zero_engine_step(x, y, fx, tol, ir, c, eind);
     c[kY] = y;
-    (void)r;
     // Finished (exact zero, or the bracket cannot shrink further at machine
     // precision: x is then as good as the arithmetic allows), or converged:
     // the engine's final check is not needed here.

@@ -73,12 +73,12 @@ SearchReport request_next(double& x, double& y, double* c, int& ind, int last_si
     return {};
 }
 
-SearchReport finish(double& x, double& y, double xother, double fother, double* c, int& ind)
+// The sign change lies between X (the caller's last point) and xother.
+SearchReport finish(double& y, double xother, double fother, double* c, int& ind)
 {
     y = xother;
     c[kFy] = fother;
     ind = 0;
-    (void)x;
     return {};
 }
 
@@ -144,7 +144,7 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
         // The value at the starting point.
         c[kF0] = c[kFr] = c[kFl] = fx;
         if (fx == 0.0) {
-            return finish(x, y, x, 0.0, c, ind);
+            return finish(y, x, 0.0, c, ind);
         }
         // The side of H is probed first.
         return request_next(x, y, c, ind, (c[kH] > 0.0) ? -1 : 1);
@@ -153,10 +153,10 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
     const double xprev = (side > 0) ? c[kXr] : c[kXl];
     const double fprev = (side > 0) ? c[kFr] : c[kFl];
     if (fx == 0.0) {
-        return finish(x, y, x, 0.0, c, ind);
+        return finish(y, x, 0.0, c, ind);
     }
     if (!same_sign(fx, fprev)) {
-        return finish(x, y, xprev, fprev, c, ind);
+        return finish(y, xprev, fprev, c, ind);
     }
     if (side > 0) {
         c[kXr] = x;
