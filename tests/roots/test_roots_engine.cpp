@@ -11,12 +11,9 @@
 
 #include "frame/errors.hpp"
 #include "gen/roots.hpp"
-#include "roots/bracket_driver.hpp"
-#include "roots/continuation_driver.hpp"
-#include "roots/continuation_engine.hpp"
-#include "roots/search_driver.hpp"
-#include "roots/search_engine.hpp"
-#include "roots/zero_engine.hpp"
+#include "roots/brent.hpp"
+#include "roots/continuation.hpp"
+#include "roots/outward_search.hpp"
 
 namespace {
 

@@ -1,17 +1,37 @@
-// Direct driver for C05AWF and C05AJF over the continuation engine: mixed
-// error criterion (IR = 0) with TOL = EPS, difference step
-// SCAL = sqrt(eps) * max(1, |X|), acceptance test abs(f) < ETA on every
-// value, at most NFMAX calls of the user function.
+// Continuation method for a zero near an initial estimate: the reverse-
+// communication engine (C05AXF; the state lives in the caller's array c,
+// 26 elements) and the direct driver (C05AWF, C05AJF): mixed error criterion
+// (IR = 0) with TOL = EPS, difference step SCAL = sqrt(eps) * max(1, |X|),
+// acceptance test abs(f) < ETA on every value, at most NFMAX calls of the
+// user function.
 #pragma once
 
 #include <cmath>
 #include <limits>
 
+#include "frame/fail.hpp"
 #include "frame/machine.hpp"
-#include "roots/bracket_driver.hpp"
-#include "roots/continuation_engine.hpp"
+#include "roots/brent.hpp"
+#include "roots/report.hpp"
 
 namespace lbx::roots {
+
+// Outcome of one entry of the engine (the values C05AXF's messages quote).
+enum class ContinuationStatus {
+    ok,               // intermediate return (ind != 0) or zero found (ind == 0)
+    ind_invalid,      // iv = IND
+    tol_invalid,      // v1 = TOL
+    ir_invalid,       // iv = IR
+    scal_too_small,   // v1 = X, v2 = SCAL
+    no_progress,      // v1 = the homotopy parameter reached, v2 = X
+    zero_derivative,  // v1 = X
+};
+
+using ContinuationReport = Report<ContinuationStatus>;
+
+// One entry of the continuation (see docs/roots-zero.md for IND and C).
+ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal,
+                                     double* c, int& ind);
 
 // Difference step of the direct drivers.
 inline double default_scal(double x)

@@ -1,14 +1,38 @@
-// Direct driver for C05AUF and C05AGF: outward search from X for a sign
-// change within [X - 1024|H|, X + 1024|H|], then the bracketing engine on the
-// interval found, with the acceptance test abs(f) < ETA on every value.
+// Outward search for a sign change, and the search-then-solve routines: the
+// reverse-communication search (C05AVF; the state lives in the caller's array
+// c, eleven elements) and the direct driver (C05AUF, C05AGF), which searches
+// from X within [X - 1024|H|, X + 1024|H|] and then solves on the interval
+// found with Brent's method, with the acceptance test abs(f) < ETA on every
+// value.
 #pragma once
 
 #include <cmath>
 
-#include "roots/bracket_driver.hpp"
-#include "roots/search_engine.hpp"
+#include "frame/fail.hpp"
+#include "roots/brent.hpp"
+#include "roots/report.hpp"
 
 namespace lbx::roots {
+
+// Outcome of one entry of the search (the values C05AVF's messages quote).
+enum class SearchStatus {
+    ok,              // intermediate return (ind != 0) or interval found (ind == 0)
+    bounds_order,    // BOUNDL >= BOUNDU (v1, v2)
+    x_outside,       // X outside [BOUNDL, BOUNDU] (v1, v2, v3)
+    h_too_small,     // X + H == X (v1 = X, v2 = H)
+    both_outside,    // X + H and X - H both outside the bounds (v1 .. v4)
+    ind_invalid,     // iv = IND
+    no_sign_change,  // bounds exhausted; v1, v2 the last interval searched
+};
+
+using SearchReport = Report<SearchStatus>;
+
+// One entry of the outward search (see docs/roots-zero.md for IND and C).
+// On a successful finish X and Y bracket a sign change, the caller's last
+// value is f(X), and C(1) holds f(Y) (so the bracketing engine can start at
+// once with IND = -1); an exact zero gives Y = X and C(1) = 0.
+SearchReport search_engine_step(double& x, double fx, double h, double boundl, double boundu,
+                                double& y, double* c, int& ind);
 
 // Distance of the search bounds from the starting point, in units of |H|.
 inline constexpr double kSearchReach = 1024.0;
