@@ -9,12 +9,11 @@
 #include <limits>
 #include <vector>
 
-#include "roots/bracket_driver.hpp"
-#include "roots/continuation_driver.hpp"
-#include "roots/continuation_engine.hpp"
-#include "roots/search_driver.hpp"
-#include "roots/search_engine.hpp"
-#include "roots/zero_engine.hpp"
+#include "frame/errors.hpp"
+#include "gen/roots.hpp"
+#include "roots/brent.hpp"
+#include "roots/continuation.hpp"
+#include "roots/outward_search.hpp"
 
 namespace {
 
@@ -29,6 +28,23 @@ double sq2(double x)
 Fn atan_at(double z)
 {
     return [z](double x) { return std::atan(x - z) + (x - z) * 1e-3; };
+}
+
+// Runs a driver and returns the code of the message it raises (0: none).
+template <class Run>
+int code_of(Run&& run)
+{
+    char errbuf[lbx::errbuf_length];
+    int ifail = 0;
+    lbx::Fail fail(errbuf, ifail);
+    run(fail);
+    if (ifail == 0) {
+        return 0;
+    }
+    int code = 0, status = 0;
+    char fields[lbx::frame::max_fields][lbx::frame::field_length];
+    lbx::frame::P01ABTN(errbuf, code, fields, status);
+    return code;
 }
 
 struct Counted {
@@ -218,41 +234,42 @@ TEST(ZeroDriver, Outcomes)
     auto nan_left = [](double s) {
         return Fn([s](double x) { return x < 0.5 ? kNaN : s * (x - 0.75); });
     };
+    // C05AYF's messages the cases expect (0: success).
+    constexpr int ok = 0, same_sign = C05AYF_msg::SAME_SIGN.code,
+                  eps_small = C05AYF_msg::EPS_TOO_SMALL.code, pole = C05AYF_msg::POLE.code;
     struct Case {
         const char* what;
         Fn f;
         double a, b, eps, eta;
-        DriverStatus status;
+        int code;
         double x, err;
         int evals;  // -1: not checked
     };
     const Case cases[] = {
-        {"zero at A", line(1), 1, 3, 1e-8, 0, DriverStatus::ok, 1, 0, 1},
-        {"zero at B", line(3), 1, 3, 1e-8, 0, DriverStatus::ok, 3, 0, 2},
-        {"B < A", line(1), 3, 1, 1e-8, 0, DriverStatus::ok, 1, 0, 2},
-        {"abs(f(A)) < ETA", line(1.1), 1, 3, 1e-8, 0.2, DriverStatus::ok, 1, 0, 1},
-        {"abs(f(B)) < ETA", line(2.9), 1, 3, 1e-8, 0.2, DriverStatus::ok, 3, 0, 2},
-        {"abs(f(A)) = ETA is not accepted", line(1.25), 1, 3, 1e-8, 0.25, DriverStatus::ok, 1.25, 0,
-         -1},
-        {"A tried before B", line(1), 1, 1 + 0x1p-52, 1e-8, 0, DriverStatus::ok, 1, 0, 1},
-        {"NaN at A, + at B: a sign change", nan_left(1), 0, 2, 1e-10, 0, DriverStatus::ok, 0.75,
-         2e-10, -1},
-        {"NaN at A, - at B: the same sign", nan_left(-1), 0, 2, 1e-10, 0, DriverStatus::same_sign,
-         NAN, 0, 2},
-        {"A NaN", atan_at(0.5), kNaN, 1, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
-        {"A -inf", atan_at(0.5), -inf, 1, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
-        {"B inf", atan_at(0.5), 0, inf, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
-        {"both infinite", atan_at(0.5), -inf, inf, 1e-10, 0, DriverStatus::eps_small, NAN, 0, 2},
-        {"pole", [](double x) { return 1.0 / (x - 0.3); }, 0, 1, 1e-10, 0, DriverStatus::pole, 0.3,
-         2e-10, -1},
-        {"EPS too small", sq2, 1, 2, 1e-300, 0, DriverStatus::eps_small, std::sqrt(2.0),
+        {"zero at A", line(1), 1, 3, 1e-8, 0, ok, 1, 0, 1},
+        {"zero at B", line(3), 1, 3, 1e-8, 0, ok, 3, 0, 2},
+        {"B < A", line(1), 3, 1, 1e-8, 0, ok, 1, 0, 2},
+        {"abs(f(A)) < ETA", line(1.1), 1, 3, 1e-8, 0.2, ok, 1, 0, 1},
+        {"abs(f(B)) < ETA", line(2.9), 1, 3, 1e-8, 0.2, ok, 3, 0, 2},
+        {"abs(f(A)) = ETA is not accepted", line(1.25), 1, 3, 1e-8, 0.25, ok, 1.25, 0, -1},
+        {"A tried before B", line(1), 1, 1 + 0x1p-52, 1e-8, 0, ok, 1, 0, 1},
+        {"NaN at A, + at B: a sign change", nan_left(1), 0, 2, 1e-10, 0, ok, 0.75, 2e-10, -1},
+        {"NaN at A, - at B: the same sign", nan_left(-1), 0, 2, 1e-10, 0, same_sign, NAN, 0, 2},
+        {"A NaN", atan_at(0.5), kNaN, 1, 1e-10, 0, eps_small, NAN, 0, 2},
+        {"A -inf", atan_at(0.5), -inf, 1, 1e-10, 0, eps_small, NAN, 0, 2},
+        {"B inf", atan_at(0.5), 0, inf, 1e-10, 0, eps_small, NAN, 0, 2},
+        {"both infinite", atan_at(0.5), -inf, inf, 1e-10, 0, eps_small, NAN, 0, 2},
+        {"pole", [](double x) { return 1.0 / (x - 0.3); }, 0, 1, 1e-10, 0, pole, 0.3, 2e-10, -1},
+        {"EPS too small", sq2, 1, 2, 1e-300, 0, eps_small, std::sqrt(2.0),
          4 * lbx::machine::eps * std::sqrt(2.0), -1},
     };
     for (const Case& k : cases) {
         Counted f{k.f};
         double x = -99.0;
-        const DriverReport r = solve_interval(k.a, k.b, k.eps, k.eta, f, x);
-        EXPECT_EQ(r.status, k.status) << k.what;
+        const int code = code_of([&](lbx::Fail& fail) {
+            solve_interval<C05AYF_msg>(k.a, k.b, k.eps, k.eta, f, x, fail);
+        });
+        EXPECT_EQ(code, k.code) << k.what;
         if (!std::isnan(k.x)) {
             EXPECT_LE(std::fabs(x - k.x), k.err) << k.what;
         }
@@ -266,8 +283,14 @@ TEST(ZeroDriver, EtaStopsEarly)
 {
     Counted f{[](double x) { return std::exp(x) - 2.0; }}, g = f;
     double x = 0.0;
-    ASSERT_EQ(solve_interval(0.0, 2.0, 1e-12, 0.0, f, x).status, DriverStatus::ok);
-    EXPECT_EQ(solve_interval(0.0, 2.0, 1e-12, 1e-6, g, x).status, DriverStatus::ok);
+    ASSERT_EQ(code_of([&](lbx::Fail& fail) {
+                  solve_interval<C05AYF_msg>(0.0, 2.0, 1e-12, 0.0, f, x, fail);
+              }),
+              0);
+    EXPECT_EQ(code_of([&](lbx::Fail& fail) {
+                  solve_interval<C05AYF_msg>(0.0, 2.0, 1e-12, 1e-6, g, x, fail);
+              }),
+              0);
     EXPECT_LT(std::fabs(std::exp(x) - 2.0), 1e-6);
     EXPECT_LT(g.n, f.n);
 }
@@ -337,15 +360,20 @@ TEST(OutwardSearch, DriverSolvesOnTheIntervalFound)
 {
     Counted f{[](double x) { return x * x * x - 2 * x - 5; }};
     double x = 1.0, a = 0, b = 0;
-    EXPECT_EQ(search_and_solve(x, 0.1, 1e-12, 0.0, f, a, b).status, SearchDriverStatus::ok);
+    EXPECT_EQ(code_of([&](lbx::Fail& fail) {
+                  search_and_solve<C05AUF_msg>(x, 0.1, 1e-12, 0.0, f, a, b, fail);
+              }),
+              0);
     EXPECT_NEAR(a, 1.8, 1e-12);
     EXPECT_NEAR(b, 2.6, 1e-12);
     EXPECT_LE(std::fabs(x - 2.094551481542326591), 2e-12);
     // Nothing within 1024 steps (11 doublings each side): X is left as given.
     Counted g{[](double x) { return x * x + 1.0; }};
     x = 1.0;
-    EXPECT_EQ(search_and_solve(x, 0.5, 1e-12, 0.0, g, a, b).status,
-              SearchDriverStatus::no_sign_change);
+    EXPECT_EQ(code_of([&](lbx::Fail& fail) {
+                  search_and_solve<C05AUF_msg>(x, 0.5, 1e-12, 0.0, g, a, b, fail);
+              }),
+              C05AUF_msg::NO_SIGN_CHANGE.code);
     EXPECT_EQ(x, 1.0);
     EXPECT_EQ(g.n, 23);
 }
@@ -357,37 +385,41 @@ TEST(Continuation, Outcomes)
         const char* what;
         Fn f;
         double x0, eps, eta;
-        ContinuationDriverStatus status;
+        int code;
         double zero, err;
         int evals;  // -1: not checked
     };
-    using S = ContinuationDriverStatus;
+    // C05AWF's messages the cases expect (0: success).
+    constexpr int ok = 0, no_progress = C05AWF_msg::NO_PROGRESS.code;
     const Case cases[] = {
-        {"exp(-x) = x", [](double x) { return std::exp(-x) - x; }, 1, 1e-12, 0, S::ok,
+        {"exp(-x) = x", [](double x) { return std::exp(-x) - x; }, 1, 1e-12, 0, ok,
          0.5671432904097838730, 4e-12, -1},
-        {"cubic", [](double x) { return x * x * x - 2 * x - 5; }, 1, 1e-12, 0, S::ok,
+        {"cubic", [](double x) { return x * x * x - 2 * x - 5; }, 1, 1e-12, 0, ok,
          2.094551481542326591, 9e-12, -1},
-        {"atan, where Newton diverges", [](double x) { return std::atan(x); }, 3, 1e-12, 0, S::ok,
-         0, 4e-12, -1},
-        {"cos(x) = x", [](double x) { return std::cos(x) - x; }, -3, 1e-12, 0, S::ok,
-         0.7390851332151606416, 4e-12, -1},
-        {"sin", [](double x) { return std::sin(x); }, 2, 1e-12, 0, S::ok, 3.141592653589793238,
-         13e-12, -1},
-        {"x^20 - 1", [](double x) { return std::pow(x, 20.0) - 1.0; }, 0.5, 1e-12, 0, S::ok, 1,
+        {"atan, where Newton diverges", [](double x) { return std::atan(x); }, 3, 1e-12, 0, ok, 0,
          4e-12, -1},
-        {"double zero", [](double x) { return (x - 1.0) * (x - 1.0); }, 3, 1e-6, 0, S::ok, 1, 4e-6,
+        {"cos(x) = x", [](double x) { return std::cos(x) - x; }, -3, 1e-12, 0, ok,
+         0.7390851332151606416, 4e-12, -1},
+        {"sin", [](double x) { return std::sin(x); }, 2, 1e-12, 0, ok, 3.141592653589793238, 13e-12,
+         -1},
+        {"x^20 - 1", [](double x) { return std::pow(x, 20.0) - 1.0; }, 0.5, 1e-12, 0, ok, 1, 4e-12,
+         -1},
+        {"double zero", [](double x) { return (x - 1.0) * (x - 1.0); }, 3, 1e-6, 0, ok, 1, 4e-6,
          -1},
         {"no zero: stalls at the minimum of abs(f)", [](double x) { return x * x + 1.0; }, 1, 1e-10,
-         0, S::no_progress, 0, 1e-3, -1},
+         0, no_progress, 0, 1e-3, -1},
         {"constant: the difference quotient vanishes", [](double) { return 1.0; }, 1, 1e-12, 0,
-         S::no_progress, 1, INFINITY, 2},
+         no_progress, 1, INFINITY, 2},
         {"ETA accepts the first value below it", [](double x) { return x - 0.5; }, 0.6, 1e-12, 0.2,
-         S::ok, 0.6, 0, 1},
+         ok, 0.6, 0, 1},
     };
     for (const Case& k : cases) {
         Counted f{k.f};
         double x = k.x0;
-        EXPECT_EQ(continuation_solve(x, k.eps, k.eta, f, 500).status, k.status) << k.what;
+        const int code = code_of([&](lbx::Fail& fail) {
+            continuation_solve<C05AWF_msg>(x, k.eps, k.eta, f, 500, fail);
+        });
+        EXPECT_EQ(code, k.code) << k.what;
         EXPECT_LE(std::fabs(x - k.zero), k.err) << k.what;
         if (k.evals >= 0) {
             EXPECT_EQ(f.n, k.evals) << k.what;

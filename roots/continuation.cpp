@@ -1,4 +1,4 @@
-// Continuation method for a zero of f near x0.
+// Continuation method for a zero of f near x0 (C05AXF, C05AWF, C05AJF).
 //
 // The homotopy h(x, t) = f(x) - t f(x0) has the known solution x0 at t = 1;
 // the method follows its solution curve to t = 0. Every point x it visits
@@ -26,11 +26,11 @@
 //   C(17) difference quotient s        C(18) rho
 //   C(19) the other end Y of the bracketing engine
 //   C(20) .. C(26) unused
-#include "roots/continuation_engine.hpp"
+#include "roots/continuation.hpp"
 
 #include <cmath>
 
-#include "roots/zero_engine.hpp"
+#include "gen/roots.hpp"
 
 namespace lbx::roots {
 namespace {
@@ -87,9 +87,8 @@ ContinuationReport start_bracketing(double& x, double fx, double tol, int ir, do
     c[0] = c[kFx];
     double y = c[kX];
     int eind = -1;
-    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
+    zero_engine_step(x, y, fx, tol, ir, c, eind);
     c[kY] = y;
-    (void)r;
     if (eind == 0 || c[9] != 0.0) {
         // Converged at once (the engine asks only for its final check).
         ind = 0;
@@ -104,9 +103,8 @@ ContinuationReport continue_bracketing(double& x, double fx, double tol, int ir,
 {
     double y = c[kY];
     int eind = 4;
-    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
+    zero_engine_step(x, y, fx, tol, ir, c, eind);
     c[kY] = y;
-    (void)r;
     // Finished (exact zero, or the bracket cannot shrink further at machine
     // precision: x is then as good as the arithmetic allows), or converged:
     // the engine's final check is not needed here.
@@ -249,6 +247,41 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
     ContinuationReport r = failure(ContinuationStatus::ind_invalid, ind);
     r.iv = given;
     return r;
+}
+
+void C05AXFN(double& x, double fx, double tol, int ir, double scal, double* c, int& ind,
+             lbx::Fail& fail)
+{
+    const ContinuationReport r = continuation_step(x, fx, tol, ir, scal, c, ind);
+    switch (r.status) {
+        case ContinuationStatus::ok:
+            return;
+        case ContinuationStatus::ind_invalid:
+            return fail(C05AXF_msg::IND_INVALID, r.iv);
+        case ContinuationStatus::tol_invalid:
+            return fail(C05AXF_msg::TOL_NOT_POSITIVE, r.v1);
+        case ContinuationStatus::ir_invalid:
+            return fail(C05AXF_msg::IR_INVALID, r.iv);
+        case ContinuationStatus::scal_too_small:
+            return fail(C05AXF_msg::SCAL_TOO_SMALL, r.v1, r.v2);
+        case ContinuationStatus::no_progress:
+            return fail(C05AXF_msg::NO_PROGRESS, r.v1, r.v2);
+        case ContinuationStatus::zero_derivative:
+            return fail(C05AXF_msg::ZERO_DERIVATIVE, r.v1);
+    }
+}
+
+void C05AWFN(double& x, double eps, double eta, const C05AWF_FProc& f, int nfmax, int* iuser,
+             double* ruser, lbx::Fail& fail)
+{
+    auto eval = [&](double xx) { return f(xx, iuser, ruser); };
+    continuation_solve<C05AWF_msg>(x, eps, eta, eval, nfmax, fail);
+}
+
+void C05AJFN(double& x, double eps, double eta, const C05AJF_FProc& f, int nfmax, lbx::Fail& fail)
+{
+    auto eval = [&](double xx) { return f(xx); };
+    continuation_solve<C05AJF_msg>(x, eps, eta, eval, nfmax, fail);
 }
 
 }  // namespace lbx::roots

@@ -1,6 +1,12 @@
-// Reverse-communication bracketing zero finder (inline definitions): Brent's combination of
-// bisection, secant and inverse quadratic interpolation on a bracket [b, c]
-// with f(b), f(c) of opposite sign.
+// Brent's method for a zero in a bracket: the combination of bisection,
+// secant and inverse quadratic interpolation on a bracket [b, c] with f(b),
+// f(c) of opposite sign. Here are the reverse-communication engine (C05AZF;
+// inline for the direct drivers, out of line in brent.cpp) and the direct
+// driver (C05AYF, C05ADF, and the last phase of C05AUF, C05AGF).
+//
+// The whole state of a search lives in the caller's array c (ten elements,
+// c[0] .. c[9] holding C(1) .. C(10)), in ind, x and y; nothing is static, so
+// independent searches may be interleaved or run on different threads.
 //
 // Layout of the communication array (Fortran numbering C(1) .. C(10)):
 //   C(1)  f(Y), supplied by the caller on an initial entry with IND = -1
@@ -18,10 +24,49 @@
 
 #include <cmath>
 
+#include "frame/fail.hpp"
 #include "frame/machine.hpp"
-#include "roots/zero_engine.hpp"
+#include "roots/report.hpp"
 
 namespace lbx::roots {
+
+// Outcome of one entry of the engine (v1, v2 and iv carry the values that
+// C05AZF's messages quote).
+enum class ZeroStatus {
+    ok,            // intermediate return (ind != 0) or successful finish (ind == 0)
+    same_sign,     // f at the two starting points of the same sign, neither zero
+    ind_invalid,   // ind not one of -1, 1, 2, 3, 4 on entry
+    tolx_invalid,  // tolx not positive
+    ir_invalid,    // ir not 0, 1 or 2
+    pole,          // final abs(f) larger than at both starting points
+    tolx_small,    // bracket cannot shrink further at machine precision
+};
+
+using ZeroReport = Report<ZeroStatus>;
+
+// The sign test of the engine and its drivers: two values count as having
+// the same sign when both are non-positive or both are positive. A NaN counts
+// as non-positive.
+inline bool nonpositive(double v)
+{
+    return !(v > 0.0);
+}
+inline bool same_sign(double f, double g)
+{
+    return nonpositive(f) == nonpositive(g);
+}
+
+// One entry of the reverse-communication engine, out of line (see
+// docs/roots-zero.md for the states of ind and the contents of c).
+ZeroReport zero_engine_step(double& x, double& y, double fx, double tolx, int ir, double* c,
+                            int& ind);
+
+// A value that ends the search at once: an exact zero, or abs(f) < eta.
+inline bool accepted(double f, double eta)
+{
+    return f == 0.0 || std::fabs(f) < eta;
+}
+
 namespace zero_engine_detail {
 
 // Indices of the communication array (0-based).
@@ -272,6 +317,70 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
         return finish_at_zero(x, y, ind);
     }
     return iterate(w[kA], w[kFa], w[kB], fx, w[kC], w[kFc], w[kD], w[kE], x, y, tolx, ir, w, ind);
+}
+
+// Solve on a bracket [a, b] whose end values fa = f(a), fb = f(b) are known,
+// non-zero and not accepted, with opposite signs. eval(x) returns f(x); a
+// failure is raised as Msg::POLE or Msg::EPS_TOO_SMALL.
+template <class Msg, class Eval>
+void solve_known_bracket(double a, double fa, double b, double fb, double eps, double eta,
+                         Eval&& eval, double& x_out, lbx::Fail& fail)
+{
+    // The search runs on locals (kept in registers across the calls of f);
+    // x_out receives each point before f is called there, and the result.
+    double c[10];
+    c[0] = fa;
+    double y = a;
+    double x = b;
+    double fx = fb;
+    int ind = -1;
+    ZeroReport r = zero_engine_step_inline(x, y, fx, eps, 1, c, ind);
+    while (ind != 0) {
+        x_out = x;
+        fx = eval(x);
+        if (accepted(fx, eta)) {
+            return;
+        }
+        r = zero_engine_step_inline(x, y, fx, eps, 1, c, ind);
+    }
+    x_out = x;
+    // Started here with valid arguments on a sign change, the engine ends
+    // converged, at a pole or at the accuracy limit.
+    if (r.status == ZeroStatus::pole) {
+        fail(Msg::POLE);
+    } else if (r.status == ZeroStatus::tolx_small) {
+        fail(Msg::EPS_TOO_SMALL, r.v1);
+    }
+}
+
+// The computation of C05AYF and C05ADF (Msg is C05AYF_msg or C05ADF_msg):
+// checks, end values, then the engine.
+template <class Msg, class Eval>
+void solve_interval(double a, double b, double eps, double eta, Eval&& eval, double& x,
+                    lbx::Fail& fail)
+{
+    if (!(eps > 0.0)) {
+        return fail(Msg::EPS_NOT_POSITIVE, eps);
+    }
+    if (a == b) {
+        return fail(Msg::A_EQUALS_B, a, b);
+    }
+    x = a;
+    const double fa = eval(x);
+    if (accepted(fa, eta)) {
+        x = a;
+        return;
+    }
+    x = b;
+    const double fb = eval(x);
+    if (accepted(fb, eta)) {
+        x = b;
+        return;
+    }
+    if (same_sign(fa, fb)) {
+        return fail(Msg::SAME_SIGN, fa, fb);
+    }
+    solve_known_bracket<Msg>(a, fa, b, fb, eps, eta, eval, x, fail);
 }
 
 }  // namespace lbx::roots

@@ -1,8 +1,16 @@
-// C05AZF: zero of a continuous function in a given interval, reverse communication.
+// Brent's method: the routines. C05AZF (reverse communication), C05AYF and
+// its older interface C05ADF (direct communication, a given interval).
+#include "roots/brent.hpp"
+
 #include "gen/roots.hpp"
-#include "roots/zero_engine.hpp"
 
 namespace lbx::roots {
+
+ZeroReport zero_engine_step(double& x, double& y, double fx, double tolx, int ir, double* c,
+                            int& ind)
+{
+    return zero_engine_step_inline(x, y, fx, tolx, ir, c, ind);
+}
 
 void C05AZFN(double& x, double& y, double fx, double tolx, int ir, double* c, int& ind,
              lbx::Fail& fail)
@@ -24,6 +32,20 @@ void C05AZFN(double& x, double& y, double fx, double tolx, int ir, double* c, in
         case ZeroStatus::tolx_small:
             return fail(C05AZF_msg::TOLX_TOO_SMALL, r.v1);
     }
+}
+
+void C05AYFN(double a, double b, double eps, double eta, const C05AYF_FProc& f, double& x,
+             int* iuser, double* ruser, lbx::Fail& fail)
+{
+    auto eval = [&](double xx) { return f(xx, iuser, ruser); };
+    solve_interval<C05AYF_msg>(a, b, eps, eta, eval, x, fail);
+}
+
+void C05ADFN(double a, double b, double eps, double eta, const C05ADF_FProc& f, double& x,
+             lbx::Fail& fail)
+{
+    auto eval = [&](double xx) { return f(xx); };
+    solve_interval<C05ADF_msg>(a, b, eps, eta, eval, x, fail);
 }
 
 }  // namespace lbx::roots

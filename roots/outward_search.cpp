@@ -1,4 +1,5 @@
-// Outward search for a sign change: from the starting point x0 the search
+// Outward search for a sign change (C05AVF, and the first phase of C05AUF,
+// C05AGF): from the starting point x0 the search
 // probes alternately on either side (the side of H first) at distances
 // |H|, 2|H|, 4|H|, ... from x0, each probe clamped to [BOUNDL, BOUNDU]; a side
 // is exhausted once its probe has reached its bound. Each probe is compared
@@ -12,11 +13,11 @@
 //   C(7)  last point on the right       C(8)  f there
 //   C(9)  last point on the left        C(10) f there
 //   C(11) the pending request: 0 f(x0), 1 a probe on the right, -1 on the left
-#include "roots/search_engine.hpp"
+#include "roots/outward_search.hpp"
 
 #include <cmath>
 
-#include "roots/zero_engine.hpp"
+#include "gen/roots.hpp"
 
 namespace lbx::roots {
 namespace {
@@ -73,12 +74,12 @@ SearchReport request_next(double& x, double& y, double* c, int& ind, int last_si
     return {};
 }
 
-SearchReport finish(double& x, double& y, double xother, double fother, double* c, int& ind)
+// The sign change lies between X (the caller's last point) and xother.
+SearchReport finish(double& y, double xother, double fother, double* c, int& ind)
 {
     y = xother;
     c[kFy] = fother;
     ind = 0;
-    (void)x;
     return {};
 }
 
@@ -144,7 +145,7 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
         // The value at the starting point.
         c[kF0] = c[kFr] = c[kFl] = fx;
         if (fx == 0.0) {
-            return finish(x, y, x, 0.0, c, ind);
+            return finish(y, x, 0.0, c, ind);
         }
         // The side of H is probed first.
         return request_next(x, y, c, ind, (c[kH] > 0.0) ? -1 : 1);
@@ -153,10 +154,10 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
     const double xprev = (side > 0) ? c[kXr] : c[kXl];
     const double fprev = (side > 0) ? c[kFr] : c[kFl];
     if (fx == 0.0) {
-        return finish(x, y, x, 0.0, c, ind);
+        return finish(y, x, 0.0, c, ind);
     }
     if (!same_sign(fx, fprev)) {
-        return finish(x, y, xprev, fprev, c, ind);
+        return finish(y, xprev, fprev, c, ind);
     }
     if (side > 0) {
         c[kXr] = x;
@@ -166,6 +167,42 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
         c[kFl] = fx;
     }
     return request_next(x, y, c, ind, side);
+}
+
+void C05AVFN(double& x, double fx, double h, double boundl, double boundu, double& y, double* c,
+             int& ind, lbx::Fail& fail)
+{
+    const SearchReport r = search_engine_step(x, fx, h, boundl, boundu, y, c, ind);
+    switch (r.status) {
+        case SearchStatus::ok:
+            return;
+        case SearchStatus::bounds_order:
+            return fail(C05AVF_msg::BOUNDS_ORDER, r.v1, r.v2);
+        case SearchStatus::x_outside:
+            return fail(C05AVF_msg::X_OUTSIDE, r.v1, r.v2, r.v3);
+        case SearchStatus::h_too_small:
+            return fail(C05AVF_msg::H_TOO_SMALL, r.v1, r.v2);
+        case SearchStatus::both_outside:
+            return fail(C05AVF_msg::BOTH_OUTSIDE, r.v1, r.v2, r.v3, r.v4);
+        case SearchStatus::ind_invalid:
+            return fail(C05AVF_msg::IND_INVALID, r.iv);
+        case SearchStatus::no_sign_change:
+            return fail(C05AVF_msg::NO_SIGN_CHANGE, r.v1, r.v2);
+    }
+}
+
+void C05AUFN(double& x, double h, double eps, double eta, const C05AUF_FProc& f, double& a,
+             double& b, int* iuser, double* ruser, lbx::Fail& fail)
+{
+    auto eval = [&](double xx) { return f(xx, iuser, ruser); };
+    search_and_solve<C05AUF_msg>(x, h, eps, eta, eval, a, b, fail);
+}
+
+void C05AGFN(double& x, double h, double eps, double eta, const C05AGF_FProc& f, double& a,
+             double& b, lbx::Fail& fail)
+{
+    auto eval = [&](double xx) { return f(xx); };
+    search_and_solve<C05AGF_msg>(x, h, eps, eta, eval, a, b, fail);
 }
 
 }  // namespace lbx::roots
