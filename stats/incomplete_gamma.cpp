@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/polynomial.hpp"
 #include "special/erf.hpp"
 #include "special/gamma.hpp"
 
@@ -125,11 +126,7 @@ double upper_fraction(double a, double x, bool& ok)
 
 double stirling_remainder(double a)
 {
-    const double z = 1.0 / (a * a);
-    double s = kStirlingSeries[7];
-    for (int i = 6; i >= 0; --i)
-        s = s * z + kStirlingSeries[i];
-    return s / a;
+    return polynomial(kStirlingSeries, 1.0 / (a * a)) / a;
 }
 
 double log1pmx_neg(double u)

@@ -11,6 +11,7 @@
 // (a ln(1 + T^2/DF) <= 0.75) keeps the incomplete beta function.
 #include <cmath>
 
+#include "frame/polynomial.hpp"
 #include "gen/stats.hpp"
 #include "special/erf.hpp"
 #include "stats/incomplete_beta.hpp"
@@ -78,9 +79,7 @@ double t_tail_expansion(double a, double log_x_inv)
     const double L = log_x_inv;
     const double z = a * L;
     const double inv_a = 1.0 / a;
-    double ratio = kGammaHalfRatio[11];
-    for (int i = 10; i >= 0; --i)
-        ratio = ratio * inv_a + kGammaHalfRatio[i];
+    const double ratio = polynomial(kGammaHalfRatio, inv_a);
     const double lead = lbx::special::erfc_kernel(std::sqrt(z));
     constexpr double kSqrtPi = 1.7724538509055160;
     const double ez = std::exp(-z);
