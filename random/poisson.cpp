@@ -23,6 +23,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "frame/math_constants.hpp"
 #include "gen/random.hpp"
 #include "random/engines.hpp"
 #include "random/state.hpp"
@@ -33,7 +34,6 @@ namespace {
 constexpr double kMarker = 7305.0;
 constexpr int kHeader = 5;
 constexpr double kLambdaMax = 2.0e9;
-constexpr double kLogSqrt2Pi = 0.91893853320467274178;  // log(sqrt(2 pi))
 
 // log(n!) through the reentrant lgamma_r: std::lgamma writes the global signgam, which
 // would be a data race between threads drawing from different STATE arrays.
@@ -47,7 +47,7 @@ double log_factorial(double n)
 double stirling_error(double n)
 {
     if (n <= 15.0)
-        return log_factorial(n) - (n + 0.5) * std::log(n) + n - kLogSqrt2Pi;
+        return log_factorial(n) - (n + 0.5) * std::log(n) + n - lbx::math::ln_sqrt_two_pi;
     constexpr double s0 = 1.0 / 12, s1 = 1.0 / 360, s2 = 1.0 / 1260, s3 = 1.0 / 1680,
                      s4 = 1.0 / 1188;
     const double nn = n * n;
@@ -84,7 +84,7 @@ double poisson_pmf(double k, double lambda)
 {
     if (k == 0.0)
         return std::exp(-lambda);
-    return std::exp(-stirling_error(k) - deviance(k, lambda)) / std::sqrt(2.0 * M_PI * k);
+    return std::exp(-stirling_error(k) - deviance(k, lambda)) / std::sqrt(lbx::math::two_pi * k);
 }
 
 struct Table {

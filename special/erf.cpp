@@ -10,6 +10,7 @@
 
 #include <cmath>
 
+#include "frame/math_constants.hpp"
 #include "frame/polynomial.hpp"
 #include "gen/special.hpp"
 #include "special/erf_exp_table.hpp"
@@ -44,8 +45,6 @@ constexpr double kErfcQ[6] = {2.33520497626869185e-3, 6.05183413124413191e-2,
                               5.27905102951428412e-1, 1.87295284992346047e00,
                               2.56852019228982242e00, 1.0};
 
-constexpr double kRecipSqrtPi = 0.5641895835477563;  // 1/sqrt(pi)
-
 // x P(x^2)/Q(x^2) for |x| <= 0.46875.
 inline double erf_small(double x)
 {
@@ -62,7 +61,7 @@ inline double erfc_positive(double a)
     } else {
         const double inv_a = 1.0 / a;  // one division for both 1/a^2 and the final /a
         const double z = inv_a * inv_a;
-        r = (kRecipSqrtPi - z * polynomial(kErfcP, z) / polynomial(kErfcQ, z)) * inv_a;
+        r = (lbx::math::inv_sqrt_pi - z * polynomial(kErfcP, z) / polynomial(kErfcQ, z)) * inv_a;
     }
     // exp(-y^2) for y = k/16 comes from the correctly rounded table.
     const int k = static_cast<int>(a * 16.0);

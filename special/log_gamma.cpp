@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "frame/machine.hpp"
+#include "frame/math_constants.hpp"
 #include "frame/polynomial.hpp"
 #include "gen/special.hpp"
 
@@ -57,7 +58,6 @@ constexpr double kStirling[7] = {8.333333333333333331554247e-02,
                                  8.4171387781295e-04,
                                  -1.910444077728e-03,
                                  5.7083835261e-03};
-constexpr double kLnSqrt2Pi = 0.9189385332046727417803297;  // ln sqrt(2 pi)
 
 }  // namespace
 
@@ -96,7 +96,7 @@ double log_gamma_kernel(double x)
         s = polynomial(kStirling, z) * r;
     }
     const double lnx = std::log(x);
-    return ((s + kLnSqrt2Pi) - 0.5 * lnx) + x * (lnx - 1.0);
+    return ((s + lbx::math::ln_sqrt_two_pi) - 0.5 * lnx) + x * (lnx - 1.0);
 }
 
 double log_gamma_1p_kernel(double a)

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/math_constants.hpp"
 #include "special/gamma.hpp"
 #include "stats/incomplete_gamma.hpp"
 
@@ -44,7 +45,7 @@ double log_beta_factor(double a, double b, double x, double y, double lx, double
                stirling_remainder(big);
     if (s >= 10.0) {
         // ln Gamma(s) by the same form.
-        r -= (s - 0.5) * std::log(s) - s + 0.91893853320467274 + stirling_remainder(s);
+        r -= (s - 0.5) * std::log(s) - s + lbx::math::ln_sqrt_two_pi + stirling_remainder(s);
     } else {
         r -= lbx::special::log_gamma_kernel(s);
     }

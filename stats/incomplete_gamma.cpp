@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/math_constants.hpp"
 #include "frame/polynomial.hpp"
 #include "special/erf.hpp"
 #include "special/gamma.hpp"
@@ -30,7 +31,6 @@ inline double log1p_small(double d)
 
 constexpr int kMaxIterations = 1000000;
 constexpr double kTolerance = 1e-17;
-constexpr double kSqrt2Pi = 2.5066282746310002;  // sqrt(2 pi)
 
 // Bernoulli-number coefficients of Stirling's series for ln Gamma,
 // B_2k / (2k (2k - 1)), k = 1..8 (exact rationals rounded to double).
@@ -47,7 +47,8 @@ double gamma_prefactor(double a, double x)
         // taken directly, since 1 + u would lose the digits of a small x/a.
         const double u = (x - a) / a;
         const double phi = std::fabs(u) < 0.5 ? log1pmx_neg(u) : u - std::log(x / a);
-        return std::exp(-a * phi - stirling_remainder(a)) / (kSqrt2Pi * std::sqrt(a));
+        return std::exp(-a * phi - stirling_remainder(a)) /
+               (lbx::math::sqrt_two_pi_low * std::sqrt(a));
     }
     const double lg =
         a < 1.0 ? lbx::special::log_gamma_1p_kernel(a) : lbx::special::log_gamma_kernel(a + 1.0);
@@ -158,10 +159,9 @@ GammaProbabilities incomplete_gamma(double a, double x)
         // Wilson-Hilferty: (x/a)^(1/3) is nearly normal with mean 1 - 1/(9a),
         // variance 1/(9a).
         const double z = (std::cbrt(x / a) - (1.0 - 1.0 / (9.0 * a))) * std::sqrt(9.0 * a);
-        const double c = 0.7071067811865475;
         // More than 40 standard deviations out both tails are 0 and 1 exactly.
-        return {0.5 * lbx::special::erfc_kernel(-z * c), 0.5 * lbx::special::erfc_kernel(z * c),
-                std::fabs(z) > 40.0};
+        return {0.5 * lbx::special::erfc_kernel(-z * lbx::math::inv_sqrt2_low),
+                0.5 * lbx::special::erfc_kernel(z * lbx::math::inv_sqrt2_low), std::fabs(z) > 40.0};
     }
     const double d = gamma_prefactor(a, x);
     if (a < 1.0 && x < 1.5) {
