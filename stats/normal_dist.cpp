@@ -4,7 +4,7 @@
 #include "frame/math_constants.hpp"
 #include "gen/stats.hpp"
 #include "special/erf.hpp"
-#include "stats/normal.hpp"
+#include "stats/inverse_normal.hpp"
 #include "stats/tail.hpp"
 
 namespace lbx::stats {

@@ -1,5 +1,5 @@
 // Inverse standard normal distribution function.
-#include "stats/normal.hpp"
+#include "stats/inverse_normal.hpp"
 
 #include <cmath>
 
