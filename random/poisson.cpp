@@ -18,8 +18,6 @@
 // is a valid 32-bit integer.
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <limits>
 
 #include "frame/math_constants.hpp"
 #include "gen/random.hpp"

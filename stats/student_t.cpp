@@ -16,7 +16,6 @@
 #include "gen/stats.hpp"
 #include "special/erf.hpp"
 #include "stats/incomplete_beta.hpp"
-#include "stats/incomplete_gamma.hpp"
 #include "stats/tail.hpp"
 
 namespace lbx::stats {
