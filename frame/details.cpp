@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "frame/units.hpp"
 #include "gen/frame.hpp"
 
 extern "C" char* openblas_get_config(void);

@@ -2,7 +2,6 @@
 // entry's record builder and the error exit P01ABF.
 #include "frame/errors.hpp"
 
-#include <cfenv>
 #include <cstdio>
 #include <cstring>
 #include <new>

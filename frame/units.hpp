@@ -1,9 +1,6 @@
 // Message units and record input/output through the Fortran runtime.
 #pragma once
 
-#include <span>
-#include <string_view>
-
 #include "gen/frame.hpp"
 
 namespace lbx::frame {

@@ -2,7 +2,6 @@
 #include "random/engines.hpp"
 
 #include <cmath>
-#include <cstdlib>
 
 #include "random/state.hpp"
 
@@ -265,9 +264,7 @@ bool leap_frog(int* state, int n, int k)
         case 4:
             wh2::leap(state, n, k);
             break;
-        case 5:
-            return false;
-        default:
+        default:  // 6; ACORN (5) is refused by the caller
             mrg::leap(state, n, k);
             break;
     }

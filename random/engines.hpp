@@ -37,8 +37,8 @@ bool block_plausible(const int* state);
 void skip_ahead(int* state, std::uint64_t n);
 void skip_ahead_pow2(int* state, int p);
 
-// Leap-frog (1 <= k <= n); not for ACORN. Returns false if the generator cannot take it
-// (ACORN, or an MT19937 stride that would leave the integer range).
+// Leap-frog (1 <= k <= n); not for ACORN (GENID 5). Returns false if the generator cannot
+// take it (an MT19937 stride that would leave the integer range).
 bool leap_frog(int* state, int n, int k);
 
 // The per-generator engines.

@@ -6,7 +6,7 @@
 #include "gen/random.hpp"
 #include "random/engines.hpp"
 #include "random/state.hpp"
-#include "stats/normal.hpp"
+#include "stats/inverse_normal.hpp"
 
 namespace lbx::random {
 

@@ -16,16 +16,14 @@
 // 39-45), for LAMBDA >= 10 (two uniforms per trial, about 1.15 trials per variate).
 // LAMBDA = 0 gives zeros without drawing. LAMBDA is limited to 2e9 so that every variate
 // is a valid 32-bit integer.
-#include <math.h>  // lgamma_r
 #include <algorithm>
-
 #include <cmath>
-#include <cstdint>
-#include <limits>
 
+#include "frame/math_constants.hpp"
 #include "gen/random.hpp"
 #include "random/engines.hpp"
 #include "random/state.hpp"
+#include "special/gamma.hpp"
 
 namespace lbx::random {
 namespace {
@@ -33,31 +31,11 @@ namespace {
 constexpr double kMarker = 7305.0;
 constexpr int kHeader = 5;
 constexpr double kLambdaMax = 2.0e9;
-constexpr double kLogSqrt2Pi = 0.91893853320467274178;  // log(sqrt(2 pi))
 
-// log(n!) through the reentrant lgamma_r: std::lgamma writes the global signgam, which
-// would be a data race between threads drawing from different STATE arrays.
+// log(n!) by the library's own log-gamma (S14ABF's kernel, no global state).
 double log_factorial(double n)
 {
-    int sign = 0;
-    return ::lgamma_r(n + 1.0, &sign);
-}
-
-// log(n!) - ((n + 1/2) log n - n + log sqrt(2 pi)), Loader's stirlerr.
-double stirling_error(double n)
-{
-    if (n <= 15.0)
-        return log_factorial(n) - (n + 0.5) * std::log(n) + n - kLogSqrt2Pi;
-    constexpr double s0 = 1.0 / 12, s1 = 1.0 / 360, s2 = 1.0 / 1260, s3 = 1.0 / 1680,
-                     s4 = 1.0 / 1188;
-    const double nn = n * n;
-    if (n > 500)
-        return (s0 - s1 / nn) / n;
-    if (n > 80)
-        return (s0 - (s1 - s2 / nn) / nn) / n;
-    if (n > 35)
-        return (s0 - (s1 - (s2 - s3 / nn) / nn) / nn) / n;
-    return (s0 - (s1 - (s2 - (s3 - s4 / nn) / nn) / nn) / nn) / n;
+    return lbx::special::log_gamma_kernel(n + 1.0);
 }
 
 // x log(x / np) + np - x without cancellation (Loader's bd0).
@@ -84,7 +62,9 @@ double poisson_pmf(double k, double lambda)
 {
     if (k == 0.0)
         return std::exp(-lambda);
-    return std::exp(-stirling_error(k) - deviance(k, lambda)) / std::sqrt(2.0 * M_PI * k);
+    // log(k!) - ((k + 1/2) log k - k + log sqrt(2 pi)) is Loader's stirlerr(k).
+    return std::exp(-lbx::special::stirling_remainder(k) - deviance(k, lambda)) /
+           std::sqrt(lbx::math::two_pi * k);
 }
 
 struct Table {

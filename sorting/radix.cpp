@@ -13,7 +13,6 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <new>
 

@@ -10,6 +10,7 @@
 // at 40 digits and converted to powers of t).
 #include <cmath>
 
+#include "frame/polynomial.hpp"
 #include "gen/special.hpp"
 
 namespace lbx::special {
@@ -44,15 +45,6 @@ constexpr double kDawsonQ[30] = {
     -2.3008225358560403e-09, -1.9277741186273962e-10, 2.7402501540135414e-10,
 };
 
-template <int N>
-inline double poly(const double (&c)[N], double t)
-{
-    double s = c[N - 1];
-    for (int i = N - 2; i >= 0; --i)
-        s = s * t + c[i];
-    return s;
-}
-
 }  // namespace
 
 double S15AFFN(double x, lbx::Fail& /*fail*/)
@@ -61,9 +53,9 @@ double S15AFFN(double x, lbx::Fail& /*fail*/)
     if (a <= 3.1e-9)
         return x;  // also x = 0
     if (a <= 4.0)
-        return x * poly(kDawsonP, x * x * 0.125 - 1.0);
+        return x * polynomial(kDawsonP, x * x * 0.125 - 1.0);
     if (a < 3.2e8)
-        return poly(kDawsonQ, 32.0 / (x * x) - 1.0) / x;
+        return polynomial(kDawsonQ, 32.0 / (x * x) - 1.0) / x;
     if (a < 2.24e307)
         return 0.5 / x;
     if (a >= 2.24e307)

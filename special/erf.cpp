@@ -10,6 +10,8 @@
 
 #include <cmath>
 
+#include "frame/math_constants.hpp"
+#include "frame/polynomial.hpp"
 #include "gen/special.hpp"
 #include "special/erf_exp_table.hpp"
 
@@ -17,56 +19,37 @@ namespace lbx::special {
 namespace {
 
 // Cody, erf on |x| <= 0.46875: x P(x^2)/Q(x^2), P degree 4, Q degree 4 monic.
-// Coefficients of the published set, highest power first.
-constexpr double kErfP[5] = {1.85777706184603153e-1, 3.16112374387056560e00, 1.13864154151050156e02,
-                             3.77485237685302021e02, 3.20937758913846947e03};
-constexpr double kErfQ[5] = {1.0, 2.36012909523441209e01, 2.44024637934444173e02,
-                             1.28261652607737228e03, 2.84423683343917062e03};
+// Coefficients of the published set, constant term first.
+constexpr double kErfP[5] = {3.20937758913846947e03, 3.77485237685302021e02, 1.13864154151050156e02,
+                             3.16112374387056560e00, 1.85777706184603153e-1};
+constexpr double kErfQ[5] = {2.84423683343917062e03, 1.28261652607737228e03, 2.44024637934444173e02,
+                             2.36012909523441209e01, 1.0};
 
 // Cody, exp(x^2) erfc(x) on 0.46875 < x <= 4: degree 8 over degree 8 (monic),
-// highest power first.
+// constant term first.
 constexpr double kErfcC[9] = {
-    2.15311535474403846e-8, 5.64188496988670089e-1, 8.88314979438837594e00,
-    6.61191906371416295e01, 2.98635138197400131e02, 8.81952221241769090e02,
-    1.71204761263407058e03, 2.05107837782607147e03, 1.23033935479799725e03};
-constexpr double kErfcD[9] = {1.0,
-                              1.57449261107098347e01,
-                              1.17693950891312499e02,
-                              5.37181101862009858e02,
-                              1.62138957456669019e03,
-                              3.29079923573345963e03,
-                              4.36261909014324716e03,
-                              3.43936767414372164e03,
-                              1.23033935480374942e03};
+    1.23033935479799725e03, 2.05107837782607147e03, 1.71204761263407058e03,
+    8.81952221241769090e02, 2.98635138197400131e02, 6.61191906371416295e01,
+    8.88314979438837594e00, 5.64188496988670089e-1, 2.15311535474403846e-8};
+constexpr double kErfcD[9] = {
+    1.23033935480374942e03, 3.43936767414372164e03, 4.36261909014324716e03,
+    3.29079923573345963e03, 1.62138957456669019e03, 5.37181101862009858e02,
+    1.17693950891312499e02, 1.57449261107098347e01, 1.0};
 
 // Cody, x exp(x^2) erfc(x) on x > 4: 1/sqrt(pi) - z P(z)/Q(z), z = 1/x^2,
-// degree 5 over degree 5 (monic), highest power first.
-constexpr double kErfcP[6] = {1.63153871373020978e-2, 3.05326634961232344e-1,
-                              3.60344899949804439e-1, 1.25781726111229246e-1,
-                              1.60837851487422766e-2, 6.58749161529837803e-4};
-constexpr double kErfcQ[6] = {1.0,
-                              2.56852019228982242e00,
-                              1.87295284992346047e00,
-                              5.27905102951428412e-1,
-                              6.05183413124413191e-2,
-                              2.33520497626869185e-3};
-
-constexpr double kRecipSqrtPi = 0.5641895835477563;  // 1/sqrt(pi)
-
-template <int N>
-inline double horner(const double (&c)[N], double t)
-{
-    double s = c[0];
-    for (int i = 1; i < N; ++i)
-        s = s * t + c[i];
-    return s;
-}
+// degree 5 over degree 5 (monic), constant term first.
+constexpr double kErfcP[6] = {6.58749161529837803e-4, 1.60837851487422766e-2,
+                              1.25781726111229246e-1, 3.60344899949804439e-1,
+                              3.05326634961232344e-1, 1.63153871373020978e-2};
+constexpr double kErfcQ[6] = {2.33520497626869185e-3, 6.05183413124413191e-2,
+                              5.27905102951428412e-1, 1.87295284992346047e00,
+                              2.56852019228982242e00, 1.0};
 
 // x P(x^2)/Q(x^2) for |x| <= 0.46875.
 inline double erf_small(double x)
 {
     const double z = x * x;
-    return x * horner(kErfP, z) / horner(kErfQ, z);
+    return x * polynomial(kErfP, z) / polynomial(kErfQ, z);
 }
 
 // erfc(a) for a > 0.46875 (a below the underflow limit 26.6).
@@ -74,11 +57,11 @@ inline double erfc_positive(double a)
 {
     double r;
     if (a <= 4.0) {
-        r = horner(kErfcC, a) / horner(kErfcD, a);
+        r = rational(kErfcC, kErfcD, a);
     } else {
         const double inv_a = 1.0 / a;  // one division for both 1/a^2 and the final /a
         const double z = inv_a * inv_a;
-        r = (kRecipSqrtPi - z * horner(kErfcP, z) / horner(kErfcQ, z)) * inv_a;
+        r = (lbx::math::inv_sqrt_pi - z * polynomial(kErfcP, z) / polynomial(kErfcQ, z)) * inv_a;
     }
     // exp(-y^2) for y = k/16 comes from the correctly rounded table.
     const int k = static_cast<int>(a * 16.0);

@@ -4,6 +4,7 @@
 // polynomial of degree 23 in t = 2f - 1 (the set for 16 decimal digits).
 #include <cmath>
 
+#include "frame/polynomial.hpp"
 #include "gen/special.hpp"
 
 namespace lbx::special {
@@ -24,11 +25,7 @@ constexpr double kTinyResult = 4.4843049327354256e307;  // 1/2.23e-308
 
 inline double gamma_one_plus(double f)
 {
-    const double t = 2.0 * f - 1.0;
-    double s = kGammaP[23];
-    for (int i = 22; i >= 0; --i)
-        s = s * t + kGammaP[i];
-    return s;
+    return polynomial(kGammaP, 2.0 * f - 1.0);
 }
 
 // The factors x - k are exact in double; their products are accumulated in

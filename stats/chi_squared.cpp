@@ -2,8 +2,6 @@
 //
 // P(X2 <= x) = P(DF/2, x/2) and P(X2 >= x) = Q(DF/2, x/2), the regularised
 // incomplete gamma functions; the smaller of the two is computed directly.
-#include <cmath>
-
 #include "gen/stats.hpp"
 #include "stats/incomplete_gamma.hpp"
 #include "stats/tail.hpp"

@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/math_constants.hpp"
 #include "special/gamma.hpp"
-#include "stats/incomplete_gamma.hpp"
 
 namespace lbx::stats {
 namespace {
@@ -40,11 +40,12 @@ double log_beta_factor(double a, double b, double x, double y, double lx, double
     const double lv = a_small ? lx : ly;
     const double other = a_small ? b * ly : a * lx;
     const double joined = v <= 0.5 ? std::log(v * sum) : lv + std::log(sum);
+    using lbx::special::stirling_remainder;
     double r = s * joined - s + (big - 0.5) * std::log1p(s / big) + stirling_remainder(sum) -
                stirling_remainder(big);
     if (s >= 10.0) {
         // ln Gamma(s) by the same form.
-        r -= (s - 0.5) * std::log(s) - s + 0.91893853320467274 + stirling_remainder(s);
+        r -= (s - 0.5) * std::log(s) - s + lbx::math::ln_sqrt_two_pi + stirling_remainder(s);
     } else {
         r -= lbx::special::log_gamma_kernel(s);
     }

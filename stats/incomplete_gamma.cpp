@@ -14,8 +14,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/math_constants.hpp"
 #include "special/erf.hpp"
 #include "special/gamma.hpp"
+#include "special/log1pmx.hpp"
 
 namespace lbx::stats {
 namespace {
@@ -29,14 +31,6 @@ inline double log1p_small(double d)
 
 constexpr int kMaxIterations = 1000000;
 constexpr double kTolerance = 1e-17;
-constexpr double kSqrt2Pi = 2.5066282746310002;  // sqrt(2 pi)
-
-// Bernoulli-number coefficients of Stirling's series for ln Gamma,
-// B_2k / (2k (2k - 1)), k = 1..8 (exact rationals rounded to double).
-constexpr double kStirlingSeries[8] = {8.3333333333333333e-02, -2.7777777777777778e-03,
-                                       7.9365079365079365e-04, -5.9523809523809524e-04,
-                                       8.4175084175084175e-04, -1.9175269175269175e-03,
-                                       6.4102564102564103e-03, -2.9550653594771242e-02};
 
 // x^a e^-x / Gamma(a + 1).
 double gamma_prefactor(double a, double x)
@@ -45,8 +39,9 @@ double gamma_prefactor(double a, double x)
         // phi = u - ln(1 + u), u = (x - a)/a; far from the mean ln(x/a) is
         // taken directly, since 1 + u would lose the digits of a small x/a.
         const double u = (x - a) / a;
-        const double phi = std::fabs(u) < 0.5 ? log1pmx_neg(u) : u - std::log(x / a);
-        return std::exp(-a * phi - stirling_remainder(a)) / (kSqrt2Pi * std::sqrt(a));
+        const double phi = std::fabs(u) < 0.5 ? lbx::special::log1pmx_neg(u) : u - std::log(x / a);
+        return std::exp(-a * phi - lbx::special::stirling_remainder(a)) /
+               (lbx::math::sqrt_two_pi_low * std::sqrt(a));
     }
     const double lg =
         a < 1.0 ? lbx::special::log_gamma_1p_kernel(a) : lbx::special::log_gamma_kernel(a + 1.0);
@@ -123,34 +118,6 @@ double upper_fraction(double a, double x, bool& ok)
 
 }  // namespace
 
-double stirling_remainder(double a)
-{
-    const double z = 1.0 / (a * a);
-    double s = kStirlingSeries[7];
-    for (int i = 6; i >= 0; --i)
-        s = s * z + kStirlingSeries[i];
-    return s / a;
-}
-
-double log1pmx_neg(double u)
-{
-    if (std::fabs(u) >= 0.5)
-        return u - std::log1p(u);
-    // ln(1 + u) = 2 atanh(r), r = u/(2 + u), and u - 2r = r u.
-    const double r = u / (2.0 + u);
-    const double r2 = r * r;
-    double term = r * r2;
-    double sum = 0.0;
-    for (int k = 3; k < 200; k += 2) {
-        const double t = term / k;
-        sum += t;
-        if (std::fabs(t) <= 1e-18 * std::fabs(sum))
-            break;
-        term *= r2;
-    }
-    return r * u - 2.0 * sum;
-}
-
 GammaProbabilities incomplete_gamma(double a, double x)
 {
     if (x <= 0.0)
@@ -161,10 +128,9 @@ GammaProbabilities incomplete_gamma(double a, double x)
         // Wilson-Hilferty: (x/a)^(1/3) is nearly normal with mean 1 - 1/(9a),
         // variance 1/(9a).
         const double z = (std::cbrt(x / a) - (1.0 - 1.0 / (9.0 * a))) * std::sqrt(9.0 * a);
-        const double c = 0.7071067811865475;
         // More than 40 standard deviations out both tails are 0 and 1 exactly.
-        return {0.5 * lbx::special::erfc_kernel(-z * c), 0.5 * lbx::special::erfc_kernel(z * c),
-                std::fabs(z) > 40.0};
+        return {0.5 * lbx::special::erfc_kernel(-z * lbx::math::inv_sqrt2_low),
+                0.5 * lbx::special::erfc_kernel(z * lbx::math::inv_sqrt2_low), std::fabs(z) > 40.0};
     }
     const double d = gamma_prefactor(a, x);
     if (a < 1.0 && x < 1.5) {

@@ -14,12 +14,4 @@ struct GammaProbabilities {
 // relative wherever it is representable, the smaller one directly.
 GammaProbabilities incomplete_gamma(double a, double x);
 
-// ln Gamma(a) - (a - 1/2) ln a + a - ln sqrt(2 pi) for a >= 10 (Stirling's
-// remainder), used to form prefactors without cancellation.
-double stirling_remainder(double a);
-
-// x - 1 - ln x written as u - ln(1 + u) with u = x - 1, for u > -1, accurate
-// to a few ULPs also for small |u|.
-double log1pmx_neg(double u);
-
 }  // namespace lbx::stats

@@ -1,16 +1,17 @@
 // Standard normal tail probabilities (G01EAF) and deviates (G01FAF).
 #include <cmath>
 
+#include "frame/math_constants.hpp"
 #include "gen/stats.hpp"
 #include "special/erf.hpp"
-#include "stats/normal.hpp"
+#include "stats/inverse_normal.hpp"
 #include "stats/tail.hpp"
 
 namespace lbx::stats {
 
 double G01EAFN(char tail, double x, lbx::Fail& fail)
 {
-    constexpr double c = 0.7071067811865475;  // 1/sqrt(2)
+    constexpr double c = lbx::math::inv_sqrt2_low;  // 1/sqrt(2)
     switch (tail_code(tail)) {
         case Tail::lower:
             return 0.5 * lbx::special::erfc_kernel(-x * c);

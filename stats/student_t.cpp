@@ -11,10 +11,11 @@
 // (a ln(1 + T^2/DF) <= 0.75) keeps the incomplete beta function.
 #include <cmath>
 
+#include "frame/math_constants.hpp"
+#include "frame/polynomial.hpp"
 #include "gen/stats.hpp"
 #include "special/erf.hpp"
 #include "stats/incomplete_beta.hpp"
-#include "stats/incomplete_gamma.hpp"
 #include "stats/tail.hpp"
 
 namespace lbx::stats {
@@ -78,15 +79,12 @@ double t_tail_expansion(double a, double log_x_inv)
     const double L = log_x_inv;
     const double z = a * L;
     const double inv_a = 1.0 / a;
-    double ratio = kGammaHalfRatio[11];
-    for (int i = 10; i >= 0; --i)
-        ratio = ratio * inv_a + kGammaHalfRatio[i];
+    const double ratio = polynomial(kGammaHalfRatio, inv_a);
     const double lead = lbx::special::erfc_kernel(std::sqrt(z));
-    constexpr double kSqrtPi = 1.7724538509055160;
     const double ez = std::exp(-z);
     const double sqrt_a = std::sqrt(a);
-    double g = kSqrtPi / sqrt_a * lead;    // G_0
-    double q = std::sqrt(L) * ez * inv_a;  // L^(k + 1/2) exp(-z)/a
+    double g = lbx::math::sqrt_pi / sqrt_a * lead;  // G_0
+    double q = std::sqrt(L) * ez * inv_a;           // L^(k + 1/2) exp(-z)/a
     const double L2 = L * L;
     double sum = 0.0;
     // Two terms per pass: G_{k+1} = alpha_k G_k + q_k and, straight from G_k,
@@ -108,8 +106,7 @@ double t_tail_expansion(double a, double log_x_inv)
         if (std::fabs(t2) <= 1e-18 * (lead + std::fabs(sum)))
             break;
     }
-    constexpr double kInvSqrtPi = 0.5641895835477563;
-    return ratio * (lead + sqrt_a * kInvSqrtPi * sum);
+    return ratio * (lead + sqrt_a * lbx::math::inv_sqrt_pi * sum);
 }
 
 // The probability TAIL asks for, from the two-sided parts.
@@ -148,7 +145,7 @@ double G01EBFN(char tail, double t, double df, lbx::Fail& fail)
     if (df > 1e20 || at == INFINITY) {
         // Beyond 1e20 degrees of freedom the t distribution is the normal one to
         // double precision (the first correction is about T^4/(4 DF) relative).
-        constexpr double c = 0.7071067811865475;  // 1/sqrt(2)
+        constexpr double c = lbx::math::inv_sqrt2_low;  // 1/sqrt(2)
         both_tails = lbx::special::erfc_kernel(at * c);
         central = lbx::special::erf_kernel(at * c);
         if (at == INFINITY) {

@@ -7,6 +7,7 @@ exactly rounded instead of through a second call of exp.  Output goes to
 special/erf_exp_table.hpp.
 
 Usage: python3 tools/erf_exp_table.py > special/erf_exp_table.hpp
+(The test tables.erf_exp checks that the committed file is this output.)
 """
 import mpmath as mp
 

@@ -5,7 +5,7 @@
 set -euo pipefail
 
 packages=(
-  g++ gfortran cmake ninja-build python3 binutils
+  g++ gfortran cmake ninja-build python3 python3-mpmath binutils
   libopenblas-dev liblapack-dev libfftw3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   libgsl-dev libboost-dev clang-format

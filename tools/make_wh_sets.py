@@ -11,6 +11,7 @@ the best two-dimensional spectral figure of merit (shortest lattice vector of th
 running it again reproduces the committed header byte for byte.
 
 Usage: python3 tools/make_wh_sets.py > random/wh_sets.hpp
+(The test tables.wh_sets checks that the committed file is this output.)
 """
 import math
 import random

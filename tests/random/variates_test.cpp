@@ -13,7 +13,7 @@
 #endif
 
 #include "random_test_util.hpp"
-#include "stats/normal.hpp"
+#include "stats/inverse_normal.hpp"
 
 namespace {
 

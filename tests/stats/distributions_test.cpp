@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "lbx3207qk.h"
-#include "stats/normal.hpp"
+#include "stats/inverse_normal.hpp"
 #include "tests/support/reference_data.hpp"
 
 namespace {

@@ -1,15 +1,17 @@
 // Inverse standard normal distribution function.
-#include "stats/normal.hpp"
+#include "stats/inverse_normal.hpp"
 
 #include <cmath>
 
 #include "frame/machine.hpp"
+#include "frame/polynomial.hpp"
 
 namespace lbx::stats {
 namespace {
 
 // Wichura, "The percentage points of the normal distribution", Appl. Statist.
-// 37 (1988) 477-484, algorithm AS 241 (PPND16), coefficients as published.
+// 37 (1988) 477-484, algorithm AS 241 (PPND16), coefficients as published,
+// constant term first.
 // Central region |p - 0.5| <= 0.425, rational of degree 7/7 in 0.180625 - q^2.
 constexpr double kA[8] = {3.3871328727963666080e0,  1.3314166789178437745e+2,
                           1.9715909503065514427e+3, 1.3731693765509461125e+4,
@@ -50,31 +52,19 @@ constexpr double kF[8] = {1.0,
                           1.42151175831644588870e-7,
                           2.04426310338993978564e-15};
 
-// Ratio of two degree-7 polynomials (constant term first), Horner order.
-inline double ratio7(const double (&num)[8], const double (&den)[8], double t)
-{
-    double n = num[7];
-    double d = den[7];
-    for (int i = 6; i >= 0; --i) {
-        n = n * t + num[i];
-        d = d * t + den[i];
-    }
-    return n / d;
-}
-
 }  // namespace
 
 double inverse_normal(double p)
 {
     const double q = p - 0.5;
     if (std::fabs(q) <= 0.425) {
-        return q * ratio7(kA, kB, 0.180625 - q * q);
+        return q * rational(kA, kB, 0.180625 - q * q);
     }
     double m = q < 0.0 ? p : 1.0 - p;
     if (m <= 0.0)
         m = lbx::machine::safe_min;
     const double r = std::sqrt(-std::log(m));
-    const double x = r <= 5.0 ? ratio7(kC, kD, r - 1.6) : ratio7(kE, kF, r - 5.0);
+    const double x = r <= 5.0 ? rational(kC, kD, r - 1.6) : rational(kE, kF, r - 5.0);
     return q < 0.0 ? -x : x;
 }
 
