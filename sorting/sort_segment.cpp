@@ -1,4 +1,5 @@
-// M01CAF: sorts rv(m1..m2) in place, ascending or descending.
+// Sorting a segment of a real vector in place (M01CAF): sorts rv(m1..m2),
+// ascending or descending.
 //
 // Checks, in order: M2 >= 1, M1 >= 1, M1 <= M2, ORDER one of A, a, D, d; the
 // vector is untouched on failure.  The result is bit for bit that of the
