@@ -26,7 +26,7 @@
 
 #include "frame/fail.hpp"
 #include "frame/machine.hpp"
-#include "roots/report.hpp"
+#include "frame/report.hpp"
 
 namespace lbx::roots {
 

@@ -11,8 +11,8 @@
 
 #include "frame/fail.hpp"
 #include "frame/machine.hpp"
+#include "frame/report.hpp"
 #include "roots/brent.hpp"
-#include "roots/report.hpp"
 
 namespace lbx::roots {
 

@@ -9,8 +9,8 @@
 #include <cmath>
 
 #include "frame/fail.hpp"
+#include "frame/report.hpp"
 #include "roots/brent.hpp"
-#include "roots/report.hpp"
 
 namespace lbx::roots {
 

@@ -1,4 +1,5 @@
-// How a failure of this chapter reaches its message.
+// How a failure reaches its message, in every chapter whose engines serve
+// several routines (the zero finders now, quadrature next).
 //
 // A failure is named once, where it is detected, and raised as the catalogue
 // message of the routine being served, with no status of its own in between:
@@ -14,7 +15,7 @@
 //    no message.
 #pragma once
 
-namespace lbx::roots {
+namespace lbx {
 
 template <class Status>
 struct Report {
@@ -23,4 +24,4 @@ struct Report {
     int iv = 0;
 };
 
-}  // namespace lbx::roots
+}  // namespace lbx
