@@ -35,22 +35,10 @@ double older(const double* x)
     return g_fn(*x);
 }
 
-double sq2(double x)
-{
-    return x * x - 2.0;
-}
-double plus1(double x)
-{
-    return x * x + 1.0;
-}
-double pole(double x)
-{
-    return 1.0 / (x - 0.3);
-}
-double expx(double x)
-{
-    return std::exp(-x) - x;
-}
+const Fn sq2 = [](double x) { return x * x - 2.0; };
+const Fn plus1 = [](double x) { return x * x + 1.0; };
+const Fn pole = [](double x) { return 1.0 / (x - 0.3); };
+const Fn expx = [](double x) { return std::exp(-x) - x; };
 Fn line(double z)
 {
     return [z](double x) { return x - z; };
@@ -392,17 +380,8 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AWF", "NO_PROGRESS", [] { return awf([](double) { return 1.0; }, 1, 1e-12, 500,
                                                        kNaN, 0, 0, 2); }, {}, "constant F"},
             T{"C05AWF", "", [] { return awf(expx, 1, 1e-12, 500, 0.5671432904097838730, 4e-12); }},
-            T{"C05AWF", "",
-              [] { return awf([](double x) { return x * x * x - 2 * x - 5; }, 1, 1e-12, 500,
-                              2.094551481542326591, 9e-12); }},
             T{"C05AWF", "", [] { return awf([](double x) { return std::atan(x); }, 3, 1e-12, 500,
                                             0, 4e-12); }, {}, "atan, where Newton diverges"},
-            T{"C05AWF", "", [] { return awf([](double x) { return std::cos(x) - x; }, -3, 1e-12,
-                                            500, 0.7390851332151606416, 4e-12); }},
-            T{"C05AWF", "", [] { return awf([](double x) { return std::sin(x); }, 2, 1e-12, 500,
-                                            3.141592653589793238, 13e-12); }},
-            T{"C05AWF", "", [] { return awf([](double x) { return std::pow(x, 20.0) - 1; }, 0.5,
-                                            1e-12, 500, 1, 4e-12); }},
             T{"C05AWF", "", [] { return awf([](double x) { return (x - 1) * (x - 1); }, 3, 1e-6,
                                             500, 1, 4e-6); }, {}, "double zero"},
             T{"C05AWF", "", [] { return awf(line(0.5), 0.6, 1e-12, 500, 0.6, 0, 0.2, 1); }, {},
