@@ -1,7 +1,8 @@
 // M01CAF's fast paths against std::sort (an independent sort: data free of NaNs
-// and of mixed signed zeros has one ascending order), segment boundaries,
-// lengths around the switch between the reference sort and the radix sort, and
-// its messages in their check order.
+// and of mixed signed zeros has one ascending order), data with NaNs and both
+// zeros against a transcription of the defining quicksort, segment boundaries,
+// lengths around the switch to the radix sort, and its messages in their check
+// order.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -97,6 +98,115 @@ TEST(M01CAF, OrderedAndReversedInputs)
             int m1 = 1, m2 = static_cast<int>(n), ifail = 0;
             m01caf_(rv.data(), &m1, &m2, "a", &ifail, 1);
             EXPECT_TRUE(same_bits(rv, v == &flat ? flat : up));
+        }
+    }
+}
+
+// The defining quicksort, transcribed independently of the library from its
+// description: median of three, a Wichmann-Hill shuffle of lopsided parts, parts
+// of at most 15 left to one final insertion pass.  With NaNs or both signed
+// zeros it alone defines M01CAF's result.
+void reference_sort(std::vector<double>& rv, long m1, long m2)
+{
+    auto at = [&](long i) -> double& { return rv[i - 1]; };
+    auto swap = [&](long i, long j) { std::swap(at(i), at(j)); };
+    auto lopsided = [](long a, long b) { return a > 5 * b + 25; };
+    long ix = 15223, iy = 17795, iz = 28707, lo = m1, hi = m2;
+    std::vector<std::pair<long, long>> stack;  // lo (negative: shuffle first), hi
+    bool flag = false;
+    while (m2 - m1 > 14) {
+        if (flag) {
+            ix = 171 * (ix % 177) - 2 * (ix / 177);
+            ix += ix < 0 ? 30269 : 0;
+            iy = 172 * (iy % 176) - 35 * (iy / 176);
+            iy += iy < 0 ? 30307 : 0;
+            iz = 170 * (iz % 178) - 63 * (iz / 178);
+            iz += iz < 0 ? 30323 : 0;
+            const double s = ix / 30269.0 + iy / 30307.0 + iz / 30323.0;
+            const long k = static_cast<long>(lo + (s - std::trunc(s)) * (hi - lo));
+            swap(lo, k);
+            swap(hi, lo + hi - k);
+        }
+        if (at(lo) > at(hi))
+            swap(lo, hi);
+        const long mid = (lo + hi) / 2;
+        if (at(lo) > at(mid))
+            swap(lo, mid);
+        else if (at(mid) > at(hi))
+            swap(mid, hi);
+        const double t = at(mid);
+        long i = lo, j = hi;
+        while (true) {
+            while (at(++i) < t) {
+            }
+            while (at(--j) > t) {
+            }
+            if (i >= j)
+                break;
+            swap(i, j);
+        }
+        const long left = i - lo, right = hi - j;
+        if (left > 15 && right > 15) {
+            if (right <= left) {
+                stack.push_back({lopsided(left, right) ? -lo : lo, i - 1});
+                lo = j + 1;
+                flag = lopsided(right, left);
+            } else {
+                stack.push_back({lopsided(right, left) ? -(j + 1) : j + 1, hi});
+                hi = i - 1;
+                flag = lopsided(left, right);
+            }
+        } else if (left > 15 && right <= left) {
+            hi = i - 1;
+            flag = lopsided(left, right);
+        } else if (right > 15 && right > left) {
+            lo = j + 1;
+            flag = lopsided(right, left);
+        } else {
+            if (stack.empty())
+                break;
+            flag = stack.back().first < 0;
+            lo = std::abs(stack.back().first);
+            hi = stack.back().second;
+            stack.pop_back();
+        }
+    }
+    for (long p = m1 + 1; p <= m2; ++p) {
+        const double v = at(p);
+        long q = p - 1;
+        for (; q >= m1 && at(q) > v; --q)
+            at(q + 1) = at(q);
+        at(q + 1) = v;
+    }
+}
+
+TEST(M01CAF, MatchesTheReferenceQuicksortWithNaNsAndSignedZeros)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const long n = 30000;
+    const std::pair<long, long> segments[] = {{1, n}, {1, 15}, {1, 16}, {37, 12345}, {2, 800}};
+    std::mt19937_64 gen(12345);
+    for (int kind = 0; kind < 4; ++kind) {
+        std::vector<double> base(n);
+        for (long i = 0; i < n; ++i) {
+            const double u = std::uniform_real_distribution<double>()(gen);
+            base[i] = kind == 0   ? (u < 0.25 ? -0.0 : std::floor(u * 4) - 2)  // both zeros
+                      : kind == 1 ? u
+                      : kind == 2 ? i * 0.5
+                                  : std::min(i, n - i);  // organ pipe
+            if (kind > 0 && u * 1000 - std::floor(u * 1000) < 0.1)
+                base[i] = u * 1000 - std::floor(u * 1000) < 0.05 ? nan : -nan;
+        }
+        for (const auto& [m1, m2] : segments) {
+            for (const char* order : {"A", "d"}) {
+                std::vector<double> got = base, want = base;
+                int i1 = static_cast<int>(m1), i2 = static_cast<int>(m2), ifail = 0;
+                m01caf_(got.data(), &i1, &i2, order, &ifail, 1);
+                reference_sort(want, m1, m2);
+                if (*order == 'd')
+                    std::reverse(want.begin() + (m1 - 1), want.begin() + m2);
+                EXPECT_TRUE(same_bits(got, want)) << kind << " " << m1 << " " << m2 << order;
+            }
         }
     }
 }
