@@ -12,9 +12,9 @@ program roots_zero
   double precision, parameter :: zcos = 0.7390851332151606416d0   ! cos(x) = x
   double precision, parameter :: zsq2 = 1.414213562373095049d0    ! sqrt(2)
   double precision, parameter :: zcub3 = 1.442249570307408382d0   ! 3**(1/3)
-  double precision :: x, y, a, b, fx, tolx, ruser(2), c(10), cx(26)
-  double precision :: x1, y1, x2, y2, c1(10), c2(10), fx1, fx2, s1(200), s2(200), p1(200), p2(200)
-  integer :: iuser(3), ifail, ind, ir, nfmax, n1, n2, i1, i2, ind1, ind2
+  double precision :: x, y, a, b, fx, ruser(2), c(10), cx(26), xs(2), ys(2), fs(2), cs(10, 2)
+  double precision :: seq(200, 2), mix(200, 2)
+  integer :: iuser(3), ifail, ind, nfmax, k, n(2), m(2), inds(2)
 
   ! --- C05AYF: IUSER counts the calls, RUSER(1) holds the parameter 2.
   iuser = 0
@@ -24,69 +24,31 @@ program roots_zero
   call expect(ifail == 0 .and. abs(x - zsq2) <= 2.0d-12, 'C05AYF sqrt(2)')
   call expect(iuser(1) >= 3 .and. iuser(1) <= 12, 'C05AYF calls counted through IUSER')
   call expect(iuser(2) == 77, 'C05AYF IUSER(2) untouched')
-
-  ! --- C05ADF, the older entry: the same zero.
-  ifail = 0
   call c05adf(0.0d0, 1.0d0, 1.0d-12, 0.0d0, fexp, x, ifail)
   call expect(ifail == 0 .and. abs(x - zexp) <= 2.0d-12, 'C05ADF exp(-x) = x')
 
-  ! --- C05AZF driven from a Fortran loop, IND = 1.
-  x = 0.0d0
-  y = 1.0d0
-  tolx = 1.0d-12
-  ir = 0
-  ind = 1
-  ifail = 0
-  n1 = 0
-  do
-    call c05azf(x, y, fx, tolx, ir, c, ind, ifail)
-    if (ind == 0) exit
-    fx = cos(x) - x
-    n1 = n1 + 1
+  ! --- C05AZF from Fortran loops: cos(x) = x and x**3 = 3, each alone, then
+  ! interleaved, each with its own C: the same points requested.
+  do k = 1, 2
+    call start(k)
+    n(k) = 0
+    do while (inds(k) /= 0)
+      call step(k, n(k), seq(:, k))
+    end do
   end do
-  call expect(ifail == 0 .and. abs(x - zcos) <= 2.0d-12 .and. abs(x - y) <= 2.0d-12, 'C05AZF cos(x) = x')
-  call expect(c(4) == x .and. c(10) == 1.0d0, 'C05AZF C(4) = X and C(10) = 1 at the end')
-
-  ! --- Two C05AZF searches interleaved, each with its own C, against the
-  ! same searches run one after the other.
-  n1 = 0
-  x1 = 0.0d0; y1 = 1.0d0; ind = 1
-  do
-    call c05azf(x1, y1, fx1, tolx, ir, c1, ind, ifail)
-    if (ind == 0) exit
-    n1 = n1 + 1; s1(n1) = x1
-    fx1 = cos(x1) - x1
+  call expect(abs(xs(1) - zcos) <= 2.0d-12 .and. abs(xs(1) - ys(1)) <= 2.0d-12, 'C05AZF cos(x) = x')
+  call expect(cs(4, 1) == xs(1) .and. cs(10, 1) == 1.0d0, 'C05AZF C(4) = X and C(10) = 1 at the end')
+  call start(1)
+  call start(2)
+  m = 0
+  do while (inds(1) /= 0 .or. inds(2) /= 0)
+    do k = 1, 2
+      if (inds(k) /= 0) call step(k, m(k), mix(:, k))
+    end do
   end do
-  n2 = 0
-  x2 = 1.0d0; y2 = 2.0d0; ind = 1
-  do
-    call c05azf(x2, y2, fx2, tolx, 1, c2, ind, ifail)
-    if (ind == 0) exit
-    n2 = n2 + 1; s2(n2) = x2
-    fx2 = x2**3 - 3.0d0
-  end do
-  x1 = 0.0d0; y1 = 1.0d0; x2 = 1.0d0; y2 = 2.0d0
-  ind1 = 1; ind2 = 1; i1 = 0; i2 = 0
-  c1 = 0.0d0; c2 = 0.0d0
-  do while (ind1 /= 0 .or. ind2 /= 0)
-    if (ind1 /= 0) then
-      call c05azf(x1, y1, fx1, tolx, ir, c1, ind1, ifail)
-      if (ind1 /= 0) then
-        i1 = i1 + 1; p1(i1) = x1
-        fx1 = cos(x1) - x1
-      end if
-    end if
-    if (ind2 /= 0) then
-      call c05azf(x2, y2, fx2, tolx, 1, c2, ind2, ifail)
-      if (ind2 /= 0) then
-        i2 = i2 + 1; p2(i2) = x2
-        fx2 = x2**3 - 3.0d0
-      end if
-    end if
-  end do
-  call expect(i1 == n1 .and. i2 == n2, 'C05AZF interleaved: same number of requests')
-  call expect(all(p1(1:n1) == s1(1:n1)) .and. all(p2(1:n2) == s2(1:n2)), 'C05AZF interleaved: same points')
-  call expect(abs(x1 - zcos) <= 2.0d-12 .and. abs(x2 - zcub3) <= 2.0d-12, 'C05AZF interleaved: zeros')
+  call expect(all(m == n) .and. all(mix(1:n(1), 1) == seq(1:n(1), 1)) .and. &
+              all(mix(1:n(2), 2) == seq(1:n(2), 2)), 'C05AZF interleaved: same points')
+  call expect(abs(xs(2) - zcub3) <= 2.0d-12, 'C05AZF interleaved: zeros')
 
   ! --- C05AUF: search from X = 1 in steps of 0.1.
   iuser(1) = 0
@@ -139,6 +101,27 @@ program roots_zero
   call c05ajf(x, 1.0d-8, 0.0d0, fexp, 0, ifail)
 
 contains
+
+  subroutine start(k)
+    integer, intent(in) :: k
+    xs(k) = k - 1.0d0
+    ys(k) = k
+    inds(k) = 1
+  end subroutine start
+
+  ! One entry of search k, and the value it asks for.
+  subroutine step(k, count, points)
+    integer, intent(in) :: k
+    integer, intent(inout) :: count
+    double precision, intent(inout) :: points(*)
+    integer :: fail
+    fail = 0
+    call c05azf(xs(k), ys(k), fs(k), 1.0d-12, k - 1, cs(:, k), inds(k), fail)
+    if (inds(k) == 0) return
+    count = count + 1
+    points(count) = xs(k)
+    fs(k) = merge(cos(xs(k)) - xs(k), xs(k)**3 - 3.0d0, k == 1)
+  end subroutine step
 
   subroutine expect(ok, what)
     logical, intent(in) :: ok

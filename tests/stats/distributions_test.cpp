@@ -216,8 +216,9 @@ lbx::test::Raised stat(F f)
 {
     double r = -1;
     const lbx::test::Raised raised = lbx::test::traced([&](char* e, int* i) { r = f(e, i); });
-    if (raised.ifail != 0 && raised.code != lbx::stats::G01ECF_msg::NO_CONVERGENCE.code)
+    if (raised.ifail != 0 && raised.code != lbx::stats::G01ECF_msg::NO_CONVERGENCE.code) {
         EXPECT_EQ(r, 0.0);
+    }
     return raised;
 }
 lbx::test::Raised ea(char tail, double x)

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <span>
@@ -42,6 +44,14 @@ inline Raised split(const char* errbuf, int ifail)
         r.values.push_back(v);
     }
     return r;
+}
+
+// A real as a value field quotes it (blank-stripped), to compare with Raised::values.
+inline std::string e(double v)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%.15E", v);
+    return std::isnan(v) ? "NaN" : text;
 }
 
 // Calls f(errbuf, &ifail) (a traced entry) and splits what it left.
@@ -90,8 +100,9 @@ inline void check_catalogue(std::span<const MessageRow> rows, const std::vector<
         }
         EXPECT_EQ(got.ifail, row->ifail) << what;
         EXPECT_EQ(got.code, row->code) << what;
-        if (!t.values.empty())
+        if (!t.values.empty()) {
             EXPECT_EQ(got.values, t.values) << what;
+        }
     }
 }
 
