@@ -14,7 +14,7 @@ program roots_zero
   double precision, parameter :: zcub3 = 1.442249570307408382d0   ! 3**(1/3)
   double precision :: x, y, a, b, fx, ruser(2), c(10), cx(26), xs(2), ys(2), fs(2), cs(10, 2)
   double precision :: seq(200, 2), mix(200, 2)
-  integer :: iuser(3), ifail, ind, nfmax, k, n(2), m(2), inds(2)
+  integer :: iuser(3), ifail, ind, k, n(2), m(2), inds(2)
 
   ! --- C05AYF: IUSER counts the calls, RUSER(1) holds the parameter 2.
   iuser = 0
@@ -49,42 +49,6 @@ program roots_zero
   call expect(all(m == n) .and. all(mix(1:n(1), 1) == seq(1:n(1), 1)) .and. &
               all(mix(1:n(2), 2) == seq(1:n(2), 2)), 'C05AZF interleaved: same points')
   call expect(abs(xs(2) - zcub3) <= 2.0d-12, 'C05AZF interleaved: zeros')
-
-  ! --- C05AUF: search from X = 1 in steps of 0.1.
-  iuser(1) = 0
-  ruser(1) = 2.0d0
-  x = 0.3d0
-  ifail = 0
-  call c05auf(x, 0.1d0, 1.0d-12, 0.0d0, fsq, a, b, iuser, ruser, ifail)
-  call expect(ifail == 0 .and. abs(x - zsq2) <= 2.0d-12 .and. a < zsq2 .and. b > zsq2, 'C05AUF sqrt(2)')
-  call expect(iuser(2) == 77, 'C05AUF IUSER(2) untouched')
-  x = 0.3d0
-  call c05agf(x, 0.1d0, 1.0d-12, 0.0d0, fexp, a, b, ifail)
-  call expect(ifail == 0 .and. abs(x - zexp) <= 2.0d-12, 'C05AGF exp(-x) = x')
-
-  ! --- C05AWF: continuation from X = 3; NFMAX is respected.
-  iuser(1) = 0
-  x = 3.0d0
-  nfmax = 100
-  ifail = 0
-  call c05awf(x, 1.0d-12, 0.0d0, fsq, nfmax, iuser, ruser, ifail)
-  call expect(ifail == 0 .and. abs(x - zsq2) <= 4.0d-12, 'C05AWF sqrt(2)')
-  call expect(iuser(1) <= nfmax, 'C05AWF within NFMAX')
-  x = 3.0d0
-  ifail = 0
-  call c05ajf(x, 1.0d-12, 0.0d0, fexp, 100, ifail)
-  call expect(ifail == 0 .and. abs(x - zexp) <= 4.0d-12, 'C05AJF exp(-x) = x')
-
-  ! --- C05AXF from a Fortran loop.
-  x = 1.0d0
-  ind = 1
-  ifail = 0
-  do
-    call c05axf(x, fx, 1.0d-12, 0, 1.0d-3, cx, ind, ifail)
-    if (ind == 0) exit
-    fx = x**3 - 3.0d0
-  end do
-  call expect(ifail == 0 .and. abs(x - zcub3) <= 4.0d-12, 'C05AXF cube root of 3')
 
   ! --- Records of failures, control returned.
   x = 1.0d0; y = 2.0d0; c(1) = 3.0d0; ind = -1; ifail = -1

@@ -34,23 +34,10 @@ double g01(char routine, char tail, double x, double df = 0)
 void check_accuracy(const char* file, char routine, std::string (*group)(const ReferenceCase&),
                     const std::map<std::string, double>& bounds)
 {
-    const auto cases = lbx::test::load_reference(file, routine == 'B' || routine == 'C');
-    ASSERT_GT(cases.size(), 1000u);
-    std::map<std::string, lbx::test::ErrorStat> here, none;
-    for (const auto& c : cases) {
-        const char tail = routine == 'F' ? 'L' : c.label[0];
-        lbx::test::record(here, group(c),
-                          lbx::test::ulp_error(g01(routine, tail, c.x, c.df), c.ref), c);
-    }
-    lbx::test::print_stats(file, here, none);
-    EXPECT_EQ(here.size(), bounds.size()) << file << ": a group without a bound";
-    for (const auto& [key, bound] : bounds) {
-        const auto it = here.find(key);
-        ASSERT_NE(it, here.end()) << file << " " << key;
-        EXPECT_LE(it->second.max_ulp, bound)
-            << file << " " << key << " worst x=" << it->second.worst_x
-            << " df=" << it->second.worst_df;
-    }
+    auto value = [&](const ReferenceCase& c) {
+        return g01(routine, routine == 'F' ? 'L' : c.label[0], c.x, c.df);
+    };
+    lbx::test::check_accuracy(file, routine == 'B' || routine == 'C', value, group, bounds);
 }
 
 // Tail and df group for the t and chi-squared tables; "far": results below 1e-30.
