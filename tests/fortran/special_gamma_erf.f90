@@ -1,5 +1,5 @@
 ! Gamma, log gamma, erfc, erf and Dawson's integral called from Fortran: known
-! values, and the message records of each failure with IFAIL = -1 (noisy,
+! values, and the message records of two failures with IFAIL = -1 (noisy,
 ! soft).  Edge cases and every message: tests/special/edge_test.cpp.
 program special_gamma_erf
   use lbx3207qk
@@ -16,17 +16,9 @@ program special_gamma_erf
   ifail = 1; r = s15aef(0.25d0, ifail); call expect('S15AEF(0.25)', r, 0.27632639016823693296d0, 5d-16, ifail, 0)
   ifail = 1; r = s15aff(-10d0, ifail); call expect('S15AFF(-10)', r, -0.050253847187598528033d0, 5d-16, ifail, 0)
 
-  ! The records of every failure, written to the error unit, control returned.
+  ! The records of two failures, written to the error unit, control returned.
   ifail = -1
   r = s14aaf(-200d0, ifail)
-  ifail = -1
-  r = s14aaf(170.5d0, ifail)
-  ifail = -1
-  r = s14aaf(0d0, ifail)
-  ifail = -1
-  r = s14aaf(-3d0, ifail)
-  ifail = -1
-  r = s14abf(-1d0, ifail)
   ifail = -1
   r = s14abf(3d305, ifail)
   write (*, '(A)') 'done'
