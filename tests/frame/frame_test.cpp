@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <new>
@@ -167,7 +168,10 @@ lbx::test::Raised read_unit(int unit, bool folder)
     else
         std::ofstream(name).flush();
     char rec[8];
-    return lbx::test::traced([&](char* e, int* i) { x04bbft_(&unit, rec, e, i, 8, 200); });
+    const lbx::test::Raised r =
+        lbx::test::traced([&](char* e, int* i) { x04bbft_(&unit, rec, e, i, 8, 200); });
+    std::remove(name.c_str());
+    return r;
 }
 
 TEST(FrameMessages, EveryCatalogueMessage)
