@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdlib>
-#include <string>
 #include <vector>
 
 #include "lbx3207qk.h"
@@ -44,20 +43,6 @@ inline std::vector<double> uniforms(std::vector<int>& state, int n)
     if (saf(state, x) != 0)
         std::abort();
     return x;
-}
-
-// Field 2 (the message code) of a coded message in ERRBUF, or -1.
-inline int message_code(const char* errbuf)
-{
-    std::string s(errbuf, 200);
-    const auto a = s.find('\x01');
-    if (a == std::string::npos)
-        return -1;
-    const auto b = s.find('\x01', a + 1);
-    const auto c = s.find('\x01', b + 1);
-    if (b == std::string::npos || c == std::string::npos)
-        return -1;
-    return std::atoi(s.substr(b + 1, c - b - 1).c_str());
 }
 
 inline int khf(int n, int k, std::vector<int>& state)

@@ -10,6 +10,8 @@
 
 namespace roots_battery {
 
+using Fn = double (*)(double x, double p, double q);
+
 struct Problem {
     const char* id;
     double (*f)(double x, double p, double q);
@@ -17,12 +19,8 @@ struct Problem {
     double a, b;  // the bracket
 };
 
-inline double aps01(double x, double, double)
-{
-    return std::sin(x) - x / 2.0;
-}
-inline double aps02(double x, double, double)
-{
+inline const Fn aps01 = [](double x, double, double) { return std::sin(x) - x / 2.0; };
+inline const Fn aps02 = [](double x, double, double) {
     double s = 0.0;
     for (int i = 1; i <= 20; ++i) {
         const double t = 2.0 * i - 5.0;
@@ -30,58 +28,35 @@ inline double aps02(double x, double, double)
         s += t * t / (u * u * u);
     }
     return -2.0 * s;
-}
-inline double aps03(double x, double a, double b)
-{
-    return a * x * std::exp(b * x);
-}
-inline double aps04(double x, double a, double n)
-{
-    return std::pow(x, n) - a;
-}
-inline double aps05(double x, double, double)
-{
-    return std::sin(x) - 0.5;
-}
-inline double aps06(double x, double n, double)
-{
+};
+inline const Fn aps03 = [](double x, double a, double b) { return a * x * std::exp(b * x); };
+inline const Fn aps04 = [](double x, double a, double n) { return std::pow(x, n) - a; };
+inline const Fn aps05 = [](double x, double, double) { return std::sin(x) - 0.5; };
+inline const Fn aps06 = [](double x, double n, double) {
     return 2.0 * x * std::exp(-n) - 2.0 * std::exp(-n * x) + 1.0;
-}
-inline double aps07(double x, double n, double)
-{
+};
+inline const Fn aps07 = [](double x, double n, double) {
     const double t = 1.0 - n * x;
     return (1.0 + (1.0 - n) * (1.0 - n)) * x - t * t;
-}
-inline double aps08(double x, double n, double)
-{
-    return x * x - std::pow(1.0 - x, n);
-}
-inline double aps09(double x, double n, double)
-{
+};
+inline const Fn aps08 = [](double x, double n, double) { return x * x - std::pow(1.0 - x, n); };
+inline const Fn aps09 = [](double x, double n, double) {
     return (1.0 + std::pow(1.0 - n, 4.0)) * x - std::pow(1.0 - n * x, 4.0);
-}
-inline double aps10(double x, double n, double)
-{
+};
+inline const Fn aps10 = [](double x, double n, double) {
     return std::exp(-n * x) * (x - 1.0) + std::pow(x, n);
-}
-inline double aps11(double x, double n, double)
-{
-    return (n * x - 1.0) / ((n - 1.0) * x);
-}
-inline double aps12(double x, double n, double)
-{
+};
+inline const Fn aps11 = [](double x, double n, double) { return (n * x - 1.0) / ((n - 1.0) * x); };
+inline const Fn aps12 = [](double x, double n, double) {
     return std::pow(x, 1.0 / n) - std::pow(n, 1.0 / n);
-}
-inline double aps13(double x, double, double)
-{
+};
+inline const Fn aps13 = [](double x, double, double) {
     return x == 0.0 ? 0.0 : x * std::exp(-1.0 / (x * x));
-}
-inline double aps14(double x, double n, double)
-{
+};
+inline const Fn aps14 = [](double x, double n, double) {
     return x >= 0.0 ? n / 20.0 * (x / 1.5 + std::sin(x) - 1.0) : -n / 20.0;
-}
-inline double aps15(double x, double n, double)
-{
+};
+inline const Fn aps15 = [](double x, double n, double) {
     if (x < 0.0) {
         return -0.859;
     }
@@ -89,43 +64,21 @@ inline double aps15(double x, double n, double)
         return std::numbers::e - 1.859;
     }
     return std::exp((n + 1.0) * x / 2.0 * 1000.0) - 1.859;
-}
-inline double cubic(double x, double, double)
-{
-    return x * x * x - 2.0 * x - 5.0;
-}
-inline double expx(double x, double, double)
-{
-    return std::exp(-x) - x;
-}
-inline double cosx(double x, double, double)
-{
-    return std::cos(x) - x;
-}
-inline double kepler(double x, double, double)
-{
-    return x - 0.9 * std::sin(x) - 1.0;
-}
-inline double logx(double x, double, double)
-{
-    return std::log(x);
-}
-inline double triple(double x, double, double)
-{
-    return (x - 1.0) * (x - 1.0) * (x - 1.0);
-}
-inline double wilk10(double x, double, double)
-{
+};
+inline const Fn cubic = [](double x, double, double) { return x * x * x - 2.0 * x - 5.0; };
+inline const Fn expx = [](double x, double, double) { return std::exp(-x) - x; };
+inline const Fn cosx = [](double x, double, double) { return std::cos(x) - x; };
+inline const Fn kepler = [](double x, double, double) { return x - 0.9 * std::sin(x) - 1.0; };
+inline const Fn logx = [](double x, double, double) { return std::log(x); };
+inline const Fn triple = [](double x, double, double) { return (x - 1.0) * (x - 1.0) * (x - 1.0); };
+inline const Fn wilk10 = [](double x, double, double) {
     double p = 1.0;
     for (int i = 1; i <= 10; ++i) {
         p *= x - i;
     }
     return p;
-}
-inline double tanhx(double x, double, double)
-{
-    return std::tanh(x - 1.0);
-}
+};
+inline const Fn tanhx = [](double x, double, double) { return std::tanh(x - 1.0); };
 
 inline const std::vector<Problem>& problems()
 {

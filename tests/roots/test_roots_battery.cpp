@@ -1,5 +1,5 @@
 // The battery of Alefeld, Potra and Shi and classic problems, solved through
-// the public entries C05AYF and C05ADF, against reference zeros from mpmath
+// the public entries C05AYF and C05AZF, against reference zeros from mpmath
 // (tests/data/roots_battery.txt, tools/roots_reference.py).
 #include <gtest/gtest.h>
 
@@ -55,19 +55,9 @@ double battery_f(const double* x, int* iuser, double* ruser)
     return p.f(*x, p.p, p.q);
 }
 
-int older_calls = 0;
-int older_problem = 0;
-double battery_older_f(const double* x)
-{
-    const auto& p = roots_battery::problems()[older_problem];
-    ++older_calls;
-    return p.f(*x, p.p, p.q);
-}
-
 // Every zero within 2 EPS of the reference (the engine's bracket guarantee),
 // or an exact zero of the computed f: APS13 is x exp(-1/x^2), which
-// underflows to exactly 0 for abs(x) < 0.0366. The older interface C05ADF
-// makes the same computation. At EPS = 1e-10 the evaluation counts must not
+// underflows to exactly 0 for abs(x) < 0.0366. At EPS = 1e-10 the evaluation counts must not
 // exceed those recorded in tests/data/roots_battery_evals.txt (a regression
 // guard on the step rules, not a correctness reference).
 TEST(RootsBattery, C05AYFFindsEveryZeroAndCountsDoNotGrow)
@@ -101,14 +91,6 @@ TEST(RootsBattery, C05AYFFindsEveryZeroAndCountsDoNotGrow)
                 total += iuser[1];
                 recorded += static_cast<int>(counts.at(p.id).at(0));
             }
-            older_problem = i;
-            older_calls = 0;
-            double x2 = -1.0;
-            ifail = 1;
-            c05adf_(&r.a, &r.b, &eps, &eta, battery_older_f, &x2, &ifail);
-            EXPECT_EQ(ifail, 0) << p.id;
-            EXPECT_EQ(x2, x) << p.id;
-            EXPECT_EQ(older_calls, iuser[1]) << p.id;
         }
     }
     EXPECT_LE(total, recorded);

@@ -1,6 +1,8 @@
 // M01CAF's fast paths against std::sort (an independent sort: data free of NaNs
-// and of mixed signed zeros has one ascending order), segment boundaries, and
-// lengths around the switch between the reference sort and the radix sort.
+// and of mixed signed zeros has one ascending order), data with NaNs and both
+// zeros against a transcription of the defining quicksort, segment boundaries,
+// lengths around the switch to the radix sort, and its messages in their check
+// order.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,35 +15,29 @@
 
 #include <omp.h>
 
+#include "gen/sorting.hpp"
 #include "lbx3207qk.h"
+#include "tests/support/messages.hpp"
 
 namespace {
 
+// Data of one ascending order: any double but NaN; subnormals of both signs and +0;
+// -0 with duplicates; a narrow range (radix passes skipped); ascending, descending
+// and constant data with ties (settled by the scan).
 std::vector<double> data(std::size_t n, int kind, std::uint64_t seed)
 {
     std::mt19937_64 gen(seed);
     std::vector<double> v(n);
-    for (double& x : v) {
+    for (std::size_t i = 0; i < n; ++i) {
         const std::uint64_t bits = gen();
-        switch (kind) {
-            case 0:  // any finite or infinite double, no NaN
-                x = std::bit_cast<double>(bits);
-                if (std::isnan(x))
-                    x = std::numeric_limits<double>::infinity();
-                break;
-            case 1:  // subnormals and tiny numbers of both signs, zeros of one sign
-                x = std::ldexp(static_cast<double>(bits % 2001) - 1000, -1070);
-                if (x == 0)
-                    x = 0.0;
-                break;
-            case 2:  // negative zeros only, with duplicates
-                x = static_cast<double>(bits % 5) - 4;
-                if (x == 0)
-                    x = -0.0;
-                break;
-            default:  // a narrow range: many passes of the radix sort are skipped
-                x = 1.0 + static_cast<double>(bits % 1000) * 0x1p-52;
-        }
+        const double x = kind == 0   ? std::bit_cast<double>(bits)
+                         : kind == 1 ? std::ldexp(static_cast<double>(bits % 2001) - 1000, -1070)
+                         : kind == 2 ? static_cast<double>(bits % 5) - 4
+                         : kind == 3 ? 1.0 + static_cast<double>(bits % 1000) * 0x1p-52
+                         : kind == 4 ? static_cast<double>(i / 3)
+                         : kind == 5 ? static_cast<double>((n - i) / 3)
+                                     : 2.5;
+        v[i] = std::isnan(x) ? INFINITY : x == 0 ? (kind == 2 ? -0.0 : 0.0) : x;
     }
     return v;
 }
@@ -58,7 +54,7 @@ TEST(M01CAF, MatchesAnIndependentSortOnSegments)
 {
     const double guard = -12345.0;
     for (std::size_t n : {2u, 15u, 16u, 767u, 768u, 769u, 5000u, 100000u}) {
-        for (int kind = 0; kind < 4; ++kind) {
+        for (int kind = 0; kind < 7; ++kind) {
             for (char order : {'A', 'D'}) {
                 std::vector<double> v = data(n, kind, n * 7 + kind);
                 std::vector<double> rv(n + 4, guard);
@@ -81,36 +77,144 @@ TEST(M01CAF, MatchesAnIndependentSortOnSegments)
     }
 }
 
-TEST(M01CAF, OrderedAndReversedInputs)
+// The defining quicksort, transcribed independently of the library from its
+// description: median of three, a Wichmann-Hill shuffle of lopsided parts, parts
+// of at most 15 left to one final insertion pass.  With NaNs or both signed
+// zeros it alone defines M01CAF's result.
+void reference_sort(std::vector<double>& rv, long m1, long m2)
 {
-    for (std::size_t n : {1000u, 100000u}) {
-        std::vector<double> up(n), down(n), flat(n, 2.5);
-        for (std::size_t i = 0; i < n; ++i) {
-            up[i] = static_cast<double>(i / 3);  // non-strict, with ties
-            down[n - 1 - i] = up[i];
+    auto at = [&](long i) -> double& { return rv[i - 1]; };
+    auto swap = [&](long i, long j) { std::swap(at(i), at(j)); };
+    auto lopsided = [](long a, long b) { return a > 5 * b + 25; };
+    long ix = 15223, iy = 17795, iz = 28707, lo = m1, hi = m2;
+    std::vector<std::pair<long, long>> stack;  // lo (negative: shuffle first), hi
+    bool flag = false;
+    while (m2 - m1 > 14) {
+        if (flag) {
+            ix = 171 * (ix % 177) - 2 * (ix / 177);
+            ix += ix < 0 ? 30269 : 0;
+            iy = 172 * (iy % 176) - 35 * (iy / 176);
+            iy += iy < 0 ? 30307 : 0;
+            iz = 170 * (iz % 178) - 63 * (iz / 178);
+            iz += iz < 0 ? 30323 : 0;
+            const double s = ix / 30269.0 + iy / 30307.0 + iz / 30323.0;
+            const long k = static_cast<long>(lo + (s - std::trunc(s)) * (hi - lo));
+            swap(lo, k);
+            swap(hi, lo + hi - k);
         }
-        for (auto* v : {&up, &down, &flat}) {
-            std::vector<double> rv = *v;
-            int m1 = 1, m2 = static_cast<int>(n), ifail = 0;
-            m01caf_(rv.data(), &m1, &m2, "a", &ifail, 1);
-            EXPECT_TRUE(same_bits(rv, v == &flat ? flat : up));
+        if (at(lo) > at(hi))
+            swap(lo, hi);
+        const long mid = (lo + hi) / 2;
+        if (at(lo) > at(mid))
+            swap(lo, mid);
+        else if (at(mid) > at(hi))
+            swap(mid, hi);
+        const double t = at(mid);
+        long i = lo, j = hi;
+        while (true) {
+            while (at(++i) < t) {
+            }
+            while (at(--j) > t) {
+            }
+            if (i >= j)
+                break;
+            swap(i, j);
+        }
+        const long left = i - lo, right = hi - j;
+        if (left > 15 && right > 15) {
+            if (right <= left) {
+                stack.push_back({lopsided(left, right) ? -lo : lo, i - 1});
+                lo = j + 1;
+                flag = lopsided(right, left);
+            } else {
+                stack.push_back({lopsided(right, left) ? -(j + 1) : j + 1, hi});
+                hi = i - 1;
+                flag = lopsided(left, right);
+            }
+        } else if (left > 15 && right <= left) {
+            hi = i - 1;
+            flag = lopsided(left, right);
+        } else if (right > 15 && right > left) {
+            lo = j + 1;
+            flag = lopsided(right, left);
+        } else {
+            if (stack.empty())
+                break;
+            flag = stack.back().first < 0;
+            lo = std::abs(stack.back().first);
+            hi = stack.back().second;
+            stack.pop_back();
+        }
+    }
+    for (long p = m1 + 1; p <= m2; ++p) {
+        const double v = at(p);
+        long q = p - 1;
+        for (; q >= m1 && at(q) > v; --q)
+            at(q + 1) = at(q);
+        at(q + 1) = v;
+    }
+}
+
+TEST(M01CAF, MatchesTheReferenceQuicksortWithNaNsAndSignedZeros)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const long n = 30000;
+    const std::pair<long, long> segments[] = {{1, n}, {1, 15}, {1, 16}, {37, 12345}, {2, 800}};
+    std::mt19937_64 gen(12345);
+    for (int kind = 0; kind < 4; ++kind) {
+        std::vector<double> base(n);
+        for (long i = 0; i < n; ++i) {
+            const double u = std::uniform_real_distribution<double>()(gen);
+            base[i] = kind == 0   ? (u < 0.25 ? -0.0 : std::floor(u * 4) - 2)  // both zeros
+                      : kind == 1 ? u
+                      : kind == 2 ? i * 0.5
+                                  : std::min(i, n - i);  // organ pipe
+            if (kind > 0 && u * 1000 - std::floor(u * 1000) < 0.1)
+                base[i] = u * 1000 - std::floor(u * 1000) < 0.05 ? nan : -nan;
+        }
+        for (const auto& [m1, m2] : segments) {
+            for (const char* order : {"A", "d"}) {
+                std::vector<double> got = base, want = base;
+                int i1 = static_cast<int>(m1), i2 = static_cast<int>(m2), ifail = 0;
+                m01caf_(got.data(), &i1, &i2, order, &ifail, 1);
+                reference_sort(want, m1, m2);
+                if (*order == 'd')
+                    std::reverse(want.begin() + (m1 - 1), want.begin() + m2);
+                EXPECT_TRUE(same_bits(got, want)) << kind << " " << m1 << " " << m2 << order;
+            }
         }
     }
 }
 
-TEST(M01CAF, SingleElementSegmentMovesNothing)
+lbx::test::Raised sort(int m1, int m2, const char* order, std::size_t len = 1)
 {
-    double rv[3] = {3, 2, 1};
-    int m1 = 2, m2 = 2, ifail = -1;
-    m01caf_(rv, &m1, &m2, "D", &ifail, 1);
-    EXPECT_EQ(ifail, 0);
-    EXPECT_EQ(rv[0], 3);
-    EXPECT_EQ(rv[2], 1);
+    double rv[4] = {4, 3, 2, 1};
+    const lbx::test::Raised r =
+        lbx::test::traced([&](char* e, int* i) { m01caft_(rv, &m1, &m2, order, e, i, len, 200); });
+    const bool moved = rv[0] != 4 || rv[1] != 3 || rv[2] != 2 || rv[3] != 1;
+    EXPECT_EQ(moved, r.ifail == 0 && m1 < m2) << m1 << " " << m2 << " " << order;
+    return r;
 }
 
-}  // namespace
-
-namespace {
+TEST(M01CAF, EveryMessageInItsCheckOrder)
+{
+    using T = lbx::test::Trigger;
+    lbx::test::check_catalogue(
+        lbx::sorting::catalogue_messages,
+        {
+            T{"M01CAF", "M2_LT_1", [] { return sort(1, 0, "A"); }, {"0"}},
+            T{"M01CAF", "M2_LT_1", [] { return sort(-5, -7, "Q"); }, {"-7"}, "before M1 and ORDER"},
+            T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "A"); }, {"0"}},
+            T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "Q"); }, {"0"}, "before ORDER"},
+            T{"M01CAF", "M1_GT_M2", [] { return sort(4, 3, "A"); }, {"4", "3"}},
+            T{"M01CAF", "M1_GT_M2", [] { return sort(3, 2, "Q"); }, {"3", "2"}, "before ORDER"},
+            T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "Z"); }, {"Z"}},
+            T{"M01CAF", "BAD_ORDER", [] { return sort(2, 2, " "); }, {""}, "one element"},
+            T{"M01CAF", "", [] { return sort(2, 2, "d"); }, {}, "one element is left alone"},
+            T{"M01CAF", "", [] { return sort(1, 4, "ascending", 9); }, {}, "first character"},
+            T{"M01CAF", "", [] { return sort(3, 4, "a"); }},
+        });
+}
 
 TEST(M01CAF, ResultDoesNotDependOnTheNumberOfThreads)
 {

@@ -1,6 +1,8 @@
-// Reading the committed reference tables (tools/special_reference.py) and
-// measuring errors in units in the last place.
+// Reading the committed reference tables (tools/special_reference.py and
+// friends) and measuring errors in units in the last place.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdio>
@@ -60,34 +62,28 @@ inline double ulp_error(double got, long double ref)
     return static_cast<double>(std::fabs(static_cast<long double>(got) - ref) / ulp);
 }
 
-// Largest error per group, with the worst argument.
-struct ErrorStat {
-    double max_ulp = 0;
-    double worst_x = 0;
-    double worst_df = 0;
-    int count = 0;
-};
-
-inline void record(std::map<std::string, ErrorStat>& m, const std::string& key, double err,
-                   const ReferenceCase& c)
+// The largest error in ULPs per group of a table, printed and held to its bound:
+// value(c) is the routine's result for case c, group(c) the case's group.
+template <class Value, class Group>
+void check_accuracy(const std::string& file, bool with_df, Value value, Group group,
+                    const std::map<std::string, double>& bounds)
 {
-    ErrorStat& s = m[key];
-    ++s.count;
-    if (err > s.max_ulp) {
-        s.max_ulp = err;
-        s.worst_x = c.x;
-        s.worst_df = c.df;
+    const auto cases = load_reference(file, with_df);
+    ASSERT_GT(cases.size(), 1000u) << file;
+    std::map<std::string, std::pair<double, const ReferenceCase*>> worst;
+    for (const auto& c : cases) {
+        auto& [err, at] = worst[group(c)];
+        const double e = ulp_error(value(c), c.ref);
+        if (at == nullptr || e > err)
+            worst[group(c)] = {e, &c};
     }
-}
-
-inline void print_stats(const char* what, const std::map<std::string, ErrorStat>& here,
-                        const std::map<std::string, ErrorStat>& peer)
-{
-    for (const auto& [key, s] : here) {
-        const auto it = peer.find(key);
-        std::printf("%s %-14s n=%5d  max ulp here %12.3f  peer %12.3f  (worst x=%.17g df=%g)\n",
-                    what, key.c_str(), s.count, s.max_ulp,
-                    it == peer.end() ? -1.0 : it->second.max_ulp, s.worst_x, s.worst_df);
+    EXPECT_EQ(worst.size(), bounds.size()) << file << ": a group without a bound";
+    for (const auto& [key, w] : worst) {
+        std::printf("%s %-14s max ulp %10.3f (x=%.17g df=%g)\n", file.c_str(), key.c_str(), w.first,
+                    w.second->x, w.second->df);
+        const auto it = bounds.find(key);
+        ASSERT_NE(it, bounds.end()) << file << " " << key;
+        EXPECT_LE(w.first, it->second) << file << " " << key << " worst x=" << w.second->x;
     }
 }
 

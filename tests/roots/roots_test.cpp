@@ -1,0 +1,449 @@
+// The zero finders through their traced entries: every catalogue message in
+// its check order with the values it quotes, the outcomes at the edges of the
+// engines (ends that are zeros, NaN and infinite ends, ETA, the pole test),
+// the outward search's probes and re-entry with a damaged array.  Zeros of the
+// test battery: test_roots_battery.cpp.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <vector>
+
+#include "gen/roots.hpp"
+#include "lbx3207qk.h"
+#include "tests/support/messages.hpp"
+
+namespace {
+
+using R = lbx::test::Raised;
+using Fn = std::function<double(double)>;
+using lbx::test::e;
+using lbx::test::traced;
+
+const double kNaN = std::nan(""), kInf = INFINITY;
+
+// The user function of the direct routines, counting its calls.
+Fn g_fn;
+int g_calls = 0;
+double user(const double* x, int*, double*)
+{
+    ++g_calls;
+    return g_fn(*x);
+}
+double older(const double* x)
+{
+    ++g_calls;
+    return g_fn(*x);
+}
+
+const Fn sq2 = [](double x) { return x * x - 2.0; };
+const Fn plus1 = [](double x) { return x * x + 1.0; };
+const Fn pole = [](double x) { return 1.0 / (x - 0.3); };
+const Fn expx = [](double x) { return std::exp(-x) - x; };
+Fn line(double z)
+{
+    return [z](double x) { return x - z; };
+}
+Fn atan_at(double z)
+{
+    return [z](double x) { return std::atan(x - z) + (x - z) * 1e-3; };
+}
+Fn nan_left(double s)
+{
+    return [s](double x) { return x < 0.5 ? kNaN : s * (x - 0.75); };
+}
+
+// After the call: F called evals times (-1: any) and X within err of want.
+R expect_end(R r, double x, int evals, double want, double err)
+{
+    if (evals >= 0) {
+        EXPECT_EQ(g_calls, evals);
+    }
+    if (!std::isnan(want)) {
+        EXPECT_LE(std::fabs(x - want), err) << "X = " << x;
+    }
+    return r;
+}
+
+// One entry of C05AZF at X = 1, Y = 2 with f(Y) in C(1).
+R azf(double fx, double c1, double tolx, int ir, int ind)
+{
+    double x = 1, y = 2, c[10] = {c1};
+    const R r =
+        traced([&](char* e, int* i) { c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, e, i, 200); });
+    EXPECT_EQ(ind == 0, r.ifail != 0) << "IND " << ind;
+    return r;
+}
+
+// C05AZF from IND = 1 to the end; intermediate returns leave IFAIL = 0.
+R azf_run(Fn f, double x, double y, double tolx, double want = kNaN)
+{
+    double fx = 0, c[10];
+    int ind = 1, ifail = 0, ir = 1;
+    char errbuf[200];
+    do {
+        c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
+        EXPECT_TRUE(ind == 0 || ifail == 0);
+        fx = f(x);
+    } while (ind != 0);
+    return expect_end(lbx::test::split(errbuf, ifail), x, -1, want, 2 * tolx);
+}
+
+// C05AZF from X = 0, Y = 1 with the values fx handed in one entry after another.
+R azf_script(std::vector<double> fx)
+{
+    double x = 0, y = 1, tolx = 0.25, c[10] = {-7};
+    int ind = 1, ir = 1;
+    char errbuf[200];
+    int ifail = 0;
+    for (double v : fx)
+        c05azft_(&x, &y, &v, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
+    EXPECT_EQ(ind, 0);
+    return lbx::test::split(errbuf, ifail);
+}
+
+R ayf(Fn f, double a, double b, double eps, int evals = -1, double want = kNaN, double err = 0,
+      double eta = 0)
+{
+    g_fn = f;
+    g_calls = 0;
+    double x = -99, ruser[1];
+    int iuser[1];
+    const R r = traced([&](char* e, int* i) {
+        c05ayft_(&a, &b, &eps, &eta, user, c05ayf_fh_, &x, iuser, ruser, e, i, 200);
+    });
+    return expect_end(r, x, evals, want, err);
+}
+
+R adf(Fn f, double a, double b, double eps)
+{
+    g_fn = f;
+    double x, eta = 0;
+    return traced(
+        [&](char* e, int* i) { c05adft_(&a, &b, &eps, &eta, older, c05adf_fh_, &x, e, i, 200); });
+}
+
+// One entry of C05AVF with f(X) = 1.
+R avf(double x, double h, double lo, double hi, int ind = 1)
+{
+    double y = 0, fx = 1, c[11];
+    const R r =
+        traced([&](char* e, int* i) { c05avft_(&x, &fx, &h, &lo, &hi, &y, c, &ind, e, i, 200); });
+    EXPECT_EQ(ind == 0, r.ifail != 0) << "IND " << ind;
+    return r;
+}
+
+R auf(Fn f, double x, double h, double eps, int evals = -1, double want = kNaN, double err = 0)
+{
+    g_fn = f;
+    g_calls = 0;
+    double a, b, eta = 0, ruser[1];
+    int iuser[1];
+    const R r = traced([&](char* e, int* i) {
+        c05auft_(&x, &h, &eps, &eta, user, c05auf_fh_, &a, &b, iuser, ruser, e, i, 200);
+    });
+    return expect_end(r, x, evals, want, err);
+}
+
+R agf(Fn f, double x, double h, double eps)
+{
+    g_fn = f;
+    double a, b, eta = 0;
+    return traced([&](char* e, int* i) {
+        c05agft_(&x, &h, &eps, &eta, older, c05agf_fh_, &a, &b, e, i, 200);
+    });
+}
+
+// One entry of C05AXF at X = 1 with f(X) = 1.
+R axf(double tol, double scal, int ir, int ind)
+{
+    double x = 1, fx = 1, c[26] = {};
+    const R r =
+        traced([&](char* e, int* i) { c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, e, i, 200); });
+    EXPECT_EQ(ind == 0, r.ifail != 0) << "IND " << ind;
+    return r;
+}
+
+// C05AXF from IND = 1 at X = 1 to the end; X never infinite.
+R axf_run(Fn f, double* x_end = nullptr)
+{
+    double x = 1, fx = 0, tol = 1e-10, scal = 1e-3, c[26];
+    int ir = 0, ind = 1, ifail = 0, calls = 0;
+    char errbuf[200];
+    do {
+        c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, errbuf, &ifail, 200);
+        EXPECT_TRUE(std::isfinite(x));
+        fx = f(x);
+    } while (ind != 0 && ++calls < 5000);
+    if (x_end)
+        *x_end = x;
+    return lbx::test::split(errbuf, ifail);
+}
+
+R awf(Fn f, double x, double eps, int nfmax, double want = kNaN, double err = 0, double eta = 0,
+      int evals = -1)
+{
+    g_fn = f;
+    g_calls = 0;
+    double ruser[1];
+    int iuser[1];
+    const R r = traced([&](char* e, int* i) {
+        c05awft_(&x, &eps, &eta, user, c05awf_fh_, &nfmax, iuser, ruser, e, i, 200);
+    });
+    return expect_end(r, x, evals, want, err);
+}
+
+R ajf(Fn f, double eps, int nfmax)
+{
+    g_fn = f;
+    double x = 1, eta = 0;
+    return traced(
+        [&](char* e, int* i) { c05ajft_(&x, &eps, &eta, older, c05ajf_fh_, &nfmax, e, i, 200); });
+}
+
+// The quoted X of a stalled continuation is the X returned, near the minimum of abs(f).
+R stalled_at_returned_x(R r, double x)
+{
+    if (r.values.empty())
+        return r;
+    EXPECT_NEAR(std::strtod(r.values.back().c_str(), nullptr), x, 1e-15 * std::fabs(x));
+    EXPECT_LT(std::fabs(x), 1e-3);
+    return r;
+}
+
+TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
+{
+    using T = lbx::test::Trigger;
+    const double up = std::nextafter(1.0, 2.0);
+    lbx::test::check_catalogue(
+        lbx::roots::catalogue_messages,
+        {
+            T{"C05AZF", "SAME_SIGN", [] { return azf(1, 3, 1e-8, 1, -1); }, {e(1), e(3)}},
+            T{"C05AZF", "SAME_SIGN", [] { return azf(-1.5, 0, 1e-8, 1, -1); },
+              {e(-1.5), e(0)}, "zero in C(1)"},
+            T{"C05AZF", "SAME_SIGN", [] { return azf(kNaN, -1, 1e-8, 1, -1); },
+              {e(kNaN), e(-1)}, "NaN is not positive"},
+            T{"C05AZF", "", [] { return azf(2, 0, 1e-8, 1, -1); }, {}, "f(X) > 0, f(Y) = 0"},
+            T{"C05AZF", "", [] { return azf(kNaN, 1, 1e-8, 1, -1); }, {}, "NaN, f(Y) > 0"},
+            T{"C05AZF", "", [] { return azf(-1, 2, 1e-8, 1, -1); }},
+            T{"C05AZF", "IND_INVALID", [] { return azf(1, -1, 1e-8, 1, 0); }, {"0"}},
+            T{"C05AZF", "IND_INVALID", [] { return azf(1, -1, -1, 9, 7); }, {"7"}, "before TOLX"},
+            T{"C05AZF", "IND_INVALID", [] { return azf(1, -1, 0, 7, -2); }, {"-2"}},
+            T{"C05AZF", "IND_INVALID", [] { return azf(1, -1, 1e-8, 1, 5); }, {"5"}},
+            T{"C05AZF", "TOLX_NOT_POSITIVE", [] { return azf(1, -1, -2.5, 9, 4); },
+              {e(-2.5)}, "before IR"},
+            T{"C05AZF", "TOLX_NOT_POSITIVE", [] { return azf(1, -1, kNaN, 1, 4); }, {e(kNaN)}},
+            T{"C05AZF", "IR_INVALID", [] { return azf(1, -1, 1e-8, -1, 4); }, {"-1"}},
+            T{"C05AZF", "", [] { return azf(1, -1, 1e-8, 0, 3); }, {}, "IR = 0"},
+            T{"C05AZF", "POLE", [] { return azf_run(pole, 0, 1, 1e-10); }},
+            T{"C05AZF", "TOLX_TOO_SMALL", [] { return azf_run(sq2, 1, 2, 1e-300); }, {e(1e-300)}},
+            T{"C05AZF", "",
+              [] { return azf_run([](double x) { return x > 0.3 && x < 0.35 ? kNaN : x - 0.5; },
+                                  0, 1, 1e-10, 0.5); },
+              {}, "NaN inside the bracket"},
+            // The pole test: the last abs(f) against the larger of the first two.
+            T{"C05AZF", "", [] { return azf_script({0, -1, 1, 0.5, 1.0}); }, {}, "equal: no pole"},
+            T{"C05AZF", "POLE", [=] { return azf_script({0, -1, 1, 0.5, up}); }, {}, "above"},
+            T{"C05AYF", "EPS_NOT_POSITIVE", [] { return ayf(sq2, 1, 1, 0, 0); },
+              {e(0)}, "before A = B"},
+            T{"C05AYF", "EPS_NOT_POSITIVE", [] { return ayf(sq2, 1, 1, kNaN, 0); }, {e(kNaN)}},
+            T{"C05AYF", "A_EQUALS_B", [] { return ayf(sq2, 1.5, 1.5, 1e-6, 0); }, {e(1.5), e(1.5)}},
+            T{"C05AYF", "SAME_SIGN", [] { return ayf(sq2, 2, 3, 1e-6, 2); }, {e(2), e(7)}},
+            T{"C05AYF", "SAME_SIGN", [] { return ayf(nan_left(-1), 0, 2, 1e-10, 2); },
+              {e(kNaN), e(-1.25)}, "NaN at A, - at B"},
+            T{"C05AYF", "", [] { return ayf(nan_left(1), 0, 2, 1e-10, -1, 0.75, 2e-10); }},
+            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(sq2, 1, 2, 1e-300); }, {e(1e-300)}},
+            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), kNaN, 1, 1e-10, 2); }},
+            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), -kInf, 1, 1e-10, 2); }},
+            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), 0, kInf, 1e-10, 2); }},
+            T{"C05AYF", "POLE", [] { return ayf(pole, 0, 1, 1e-10); }},
+            T{"C05AYF", "", [] { return ayf(line(1), 1, 3, 1e-8, 1, 1); }, {}, "zero at A"},
+            T{"C05AYF", "", [] { return ayf(line(3), 1, 3, 1e-8, 2, 3); }, {}, "zero at B"},
+            T{"C05AYF", "", [] { return ayf(line(1), 3, 1, 1e-8, 2, 1); }, {}, "B < A"},
+            T{"C05AYF", "", [] { return ayf(line(1), 1, 1 + 0x1p-52, 1e-8, 1, 1); }, {}, "A first"},
+            T{"C05AYF", "", [] { return ayf(line(1.1), 1, 3, 1e-8, 1, 1, 0, 0.2); }, {}, "ETA at A"},
+            T{"C05AYF", "", [] { return ayf(line(2.9), 1, 3, 1e-8, 2, 3, 0, 0.2); }, {}, "at B"},
+            T{"C05AYF", "", [] { return ayf(line(1.25), 1, 3, 1e-8, -1, 1.25, 0, 0.25); }, {},
+              "abs(f) = ETA is not accepted"},
+            T{"C05ADF", "EPS_NOT_POSITIVE", [] { return adf(sq2, 1, 1, 0); }},
+            T{"C05ADF", "A_EQUALS_B", [] { return adf(sq2, 1.5, 1.5, 1e-6); }},
+            T{"C05ADF", "SAME_SIGN", [] { return adf(sq2, 2, 3, 1e-6); }, {e(2), e(7)}},
+            T{"C05ADF", "EPS_TOO_SMALL", [] { return adf(sq2, 1, 2, 1e-300); }},
+            T{"C05ADF", "POLE", [] { return adf(pole, 0, 1, 1e-10); }},
+            T{"C05AVF", "BOUNDS_ORDER", [] { return avf(3, 0, 2, 2); }, {e(2), e(2)}, "before X, H"},
+            T{"C05AVF", "BOUNDS_ORDER", [] { return avf(0, 1, 2, 1); }, {e(2), e(1)}},
+            T{"C05AVF", "X_OUTSIDE", [] { return avf(3, 0, -1, 2); },
+              {e(3), e(-1), e(2)}, "before H"},
+            T{"C05AVF", "H_TOO_SMALL", [] { return avf(0, 0, -1, 1); }, {e(0), e(0)}},
+            T{"C05AVF", "H_TOO_SMALL", [] { return avf(1e20, 1, 0, 1e21, -1); }, {e(1e+20), e(1)}},
+            T{"C05AVF", "BOTH_OUTSIDE", [] { return avf(0, 5, -1, 2); }, {e(0), e(5), e(-1), e(2)}},
+            T{"C05AVF", "BOTH_OUTSIDE", [] { return avf(0, 2, -1, 1); }},
+            T{"C05AVF", "", [] { return avf(0, 1, -1, 1); }, {}, "X+H on a bound"},
+            T{"C05AVF", "", [] { return avf(0, 1, -0.5, 1); }, {}, "X+H on BOUNDU, X-H outside"},
+            T{"C05AVF", "", [] { return avf(0.5, 1, -1, 1); }, {}, "X-H inside"},
+            T{"C05AVF", "", [] { return avf(-1, 1, -1, 1); }, {}, "X on BOUNDL"},
+            T{"C05AVF", "", [] { return avf(0, -2, -1, 2); }, {}, "X-H on BOUNDU"},
+            T{"C05AVF", "IND_INVALID", [] { return avf(0, 1, -1, 2, 3); }, {"3"}},
+            T{"C05AVF", "IND_INVALID", [] { return avf(0, 1, -1, 2, 0); }, {"0"}},
+            T{"C05AVF", "NO_SIGN_CHANGE",
+              [] {
+                  double x = 0, y = 0, fx = 0, h = 1, lo = -3, hi = 5, c[11];
+                  int ind = 1;
+                  return traced([&](char* e, int* i) {
+                      do {
+                          c05avft_(&x, &fx, &h, &lo, &hi, &y, c, &ind, e, i, 200);
+                          fx = plus1(x);
+                      } while (ind != 0);
+                  });
+              },
+              {e(-3), e(5)}},
+            T{"C05AUF", "EPS_NOT_POSITIVE", [] { return auf(sq2, 1, 0, -1); }, {e(-1)}, "before H"},
+            T{"C05AUF", "EPS_NOT_POSITIVE", [] { return auf(sq2, 1, 0.1, 0); }},
+            T{"C05AUF", "H_TOO_SMALL", [] { return auf(sq2, 1, 1e-17, 1e-6); }, {e(1), e(1e-17)}},
+            // Nothing within 11 doublings each side: 23 calls, X left as given.
+            T{"C05AUF", "NO_SIGN_CHANGE", [] { return auf(plus1, 1, 0.5, 1e-6, 23, 1); },
+              {e(-511), e(513)}},
+            T{"C05AUF", "EPS_TOO_SMALL", [] { return auf(sq2, 1, 0.1, 1e-300); }},
+            T{"C05AUF", "POLE", [] { return auf(pole, 0.25, 0.5, 1e-10); }},
+            T{"C05AUF", "",
+              [] { return auf([](double x) { return x * x * x - 2 * x - 5; }, 1, 0.1, 1e-12, -1,
+                              2.094551481542326591, 2e-12); }},
+            T{"C05AGF", "EPS_NOT_POSITIVE", [] { return agf(sq2, 1, 0, -1); }},
+            T{"C05AGF", "H_TOO_SMALL", [] { return agf(sq2, 1, 1e-17, 1e-6); }},
+            T{"C05AGF", "NO_SIGN_CHANGE", [] { return agf(plus1, 1, 0.5, 1e-6); },
+              {e(-511), e(513)}},
+            T{"C05AGF", "EPS_TOO_SMALL", [] { return agf(sq2, 1, 0.1, 1e-300); }},
+            T{"C05AGF", "POLE", [] { return agf(pole, 0.25, 0.5, 1e-10); }},
+            T{"C05AXF", "IND_INVALID", [] { return axf(1e-8, 1e-3, 1, 6); }, {"6"}},
+            T{"C05AXF", "IND_INVALID", [] { return axf(0, 0, 9, -3); }, {"-3"}, "before TOL"},
+            T{"C05AXF", "IND_INVALID", [] { return axf(0, 0, 7, 5); }, {"5"}},
+            T{"C05AXF", "IND_INVALID", [] { return axf(1e-8, 1e-3, 1, 0); }, {"0"}},
+            T{"C05AXF", "TOL_NOT_POSITIVE", [] { return axf(-1, 0, 9, 1); }, {e(-1)}, "before IR"},
+            T{"C05AXF", "TOL_NOT_POSITIVE", [] { return axf(0, 1e-3, 1, 1); }},
+            T{"C05AXF", "IR_INVALID", [] { return axf(1e-8, 0, 3, 1); }, {"3"}, "before SCAL"},
+            T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 1e-17, 1, -1); }, {e(1), e(1e-17)}},
+            T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 0, 1, 1); }},
+            T{"C05AXF", "", [] { return axf(1e-8, 1e-3, 2, 1); }, {}, "IR = 2"},
+            T{"C05AXF", "NO_PROGRESS",
+              [] {
+                  double x;
+                  const R r = axf_run(plus1, &x);
+                  return stalled_at_returned_x(r, x);
+              }},
+            // 1/x: every step doubles X; never a request at an infinite point.
+            T{"C05AXF", "NO_PROGRESS", [] { return axf_run([](double x) { return 1 / x; }); }},
+            T{"C05AXF", "ZERO_DERIVATIVE", [] { return axf_run([](double) { return 4.0; }); },
+              {e(1)}},
+            // IND must be the value returned last.
+            T{"C05AXF", "IND_INVALID",
+              [] {
+                  double x = 1, fx = 0, tol = 1e-8, scal = 1e-3, c[26] = {};
+                  int ir = 1, ind = 1;
+                  return traced([&](char* e, int* i) {
+                      c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, e, i, 200);
+                      fx = 2;
+                      c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, e, i, 200);
+                      EXPECT_EQ(ind, 3);
+                      ind = 2;
+                      c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, e, i, 200);
+                  });
+              },
+              {"2"}},
+            T{"C05AWF", "EPS_NOT_POSITIVE", [] { return awf(expx, 1, 0, 0); },
+              {e(0)}, "before NFMAX"},
+            T{"C05AWF", "NFMAX_NOT_POSITIVE", [] { return awf(expx, 1, 1e-8, -4); }, {"-4"}},
+            T{"C05AWF", "NFMAX_NOT_POSITIVE", [] { return awf(expx, 1, 1e-8, 0); }, {"0"}},
+            T{"C05AWF", "TOO_MANY_CALLS", [] { return awf(expx, 1, 1e-12, 3, kNaN, 0, 0, 3); },
+              {"3"}},
+            T{"C05AWF", "NO_PROGRESS",
+              [] {
+                  g_fn = plus1;
+                  double x = 1, eps = 1e-10, eta = 0, ruser[1];
+                  int iuser[1], nfmax = 200;
+                  const R r = traced([&](char* e, int* i) {
+                      c05awft_(&x, &eps, &eta, user, c05awf_fh_, &nfmax, iuser, ruser, e, i, 200);
+                  });
+                  return stalled_at_returned_x(r, x);
+              }},
+            T{"C05AWF", "NO_PROGRESS", [] { return awf([](double) { return 1.0; }, 1, 1e-12, 500,
+                                                       kNaN, 0, 0, 2); }, {}, "constant F"},
+            T{"C05AWF", "", [] { return awf(expx, 1, 1e-12, 500, 0.5671432904097838730, 4e-12); }},
+            T{"C05AWF", "", [] { return awf([](double x) { return std::atan(x); }, 3, 1e-12, 500,
+                                            0, 4e-12); }, {}, "atan, where Newton diverges"},
+            T{"C05AWF", "", [] { return awf([](double x) { return (x - 1) * (x - 1); }, 3, 1e-6,
+                                            500, 1, 4e-6); }, {}, "double zero"},
+            T{"C05AWF", "", [] { return awf(line(0.5), 0.6, 1e-12, 500, 0.6, 0, 0.2, 1); }, {},
+              "ETA accepts the first value below it"},
+            T{"C05AJF", "EPS_NOT_POSITIVE", [] { return ajf(expx, 0, 0); }},
+            T{"C05AJF", "NFMAX_NOT_POSITIVE", [] { return ajf(expx, 1e-8, 0); }, {"0"}},
+            T{"C05AJF", "TOO_MANY_CALLS", [] { return ajf(expx, 1e-12, 3); }, {"3"}},
+            T{"C05AJF", "NO_PROGRESS", [] { return ajf(plus1, 1e-10, 200); }},
+        });
+}
+
+TEST(Roots, C05AZFPlainEntryIsQuietOnIntermediateReturns)
+{
+    double x = 1, y = 2, fx = 0, tolx = 1e-10, c[10];
+    int ir = 1, ind = 1, ifail = 0;  // hard failure mode: must never be needed
+    do {
+        c05azf_(&x, &y, &fx, &tolx, &ir, c, &ind, &ifail);
+        EXPECT_EQ(ifail, 0);
+        fx = sq2(x);
+    } while (ind != 0);
+    EXPECT_LE(std::fabs(x - std::sqrt(2.0)), 2e-10);
+}
+
+// C05AVF's probes double in length, alternate sides (H's side first) and are
+// clamped to the bounds; C05AZF continues with IND = -1 and the same array.
+TEST(Roots, OutwardSearchProbes)
+{
+    struct Case {
+        double zero, x0, h, lo, hi;
+        std::vector<double> probes;
+        double x, y;
+    } cases[] = {
+        {5.5, 0, 1, -10, 10, {0, 1, -1, 2, -2, 4, -4, 8}, 8, 4},
+        {9.5, 0, 1, -10, 10, {0, 1, -1, 2, -2, 4, -4, 8, -8, 10}, 10, 8},
+        {-3, 0, 1, -10, 10, {0, 1, -1, 2, -2, 4, -4}, -4, -2},
+        {-3, 0, -1, -10, 10, {0, -1, 1, -2, 2, -4}, -4, -2},
+        {1.5, 5, 1, -3, 5, {5, 4, 3, 1}, 1, 3},  // X on the upper bound: one side only
+        {2, 2, 1, -3, 5, {2}, 2, 2},             // a zero at the start
+    };
+    for (const Case& k : cases) {
+        double x = k.x0, y = 0, fx = 0, c[11], tolx = 1e-12;
+        int ind = 1, ifail = 1, ir = 1;
+        std::vector<double> asked;
+        c05avf_(&x, &fx, &k.h, &k.lo, &k.hi, &y, c, &ind, &ifail);
+        while (ind != 0) {
+            asked.push_back(x);
+            fx = x - k.zero;
+            c05avf_(&x, &fx, &k.h, &k.lo, &k.hi, &y, c, &ind, &ifail);
+        }
+        EXPECT_EQ(ifail, 0);
+        EXPECT_EQ(asked, k.probes) << k.zero;
+        EXPECT_EQ(x, k.x);
+        EXPECT_EQ(y, k.y);
+        EXPECT_EQ(c[0], y - k.zero);  // C(1) = f(Y)
+        for (ind = x != y ? -1 : 0; ind != 0; fx = x - k.zero)
+            c05azf_(&x, &y, &fx, &tolx, &ir, c, &ind, &ifail);
+        EXPECT_EQ(fx, 0.0) << k.zero;
+    }
+}
+
+// Re-entry with an array the routine never filled must not crash.
+TEST(Roots, ReentryWithAnUnfilledArray)
+{
+    double c[26], x = 1, y = 0, fx = 1, tol = 1e-8, scal = 1e-3, h = 1, lo = -1, hi = 1;
+    std::fill(c, c + 26, kNaN);
+    int ind = 4, ir = 0, ifail = 1;
+    c05axf_(&x, &fx, &tol, &ir, &scal, c, &ind, &ifail);
+    EXPECT_EQ(ifail, lbx::roots::C05AXF_msg::IND_INVALID.ifail);
+    ind = 2;
+    c05avf_(&x, &fx, &h, &lo, &hi, &y, c, &ind, &ifail);
+    std::fill(c, c + 26, kNaN);
+    ind = 4;
+    c05azf_(&x, &y, &fx, &tol, &ir, c, &ind, &ifail);
+    EXPECT_TRUE(ind == 0 || ind == 4);
+}
+
+}  // namespace
