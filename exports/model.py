@@ -190,7 +190,7 @@ def impl_value(a: Arg, typename) -> str:
         if a.intent != "in":
             return f"lbx::frame::char_out({n}, {n}_len, {decl})"
         if a.is_option:
-            return f"lbx::frame::option_char({n}, {n}_len)"
+            return f"lbx::frame::option_char({n})"
         return f"lbx::frame::char_in({n}, {n}_len, {decl})"
     if a.is_array:
         return n
@@ -207,6 +207,8 @@ def trace_line(a: Arg) -> TraceLine:
         return TraceLine("integer", a.name, f"*{n}")
     if a.is_array:
         return TraceLine("array", a.name, dim_length(a))
+    if a.is_option:
+        return TraceLine("character", a.name, f"std::string_view({n}, 1)")
     if a.is_char:
         ln = f"{n}_len" if a.char_len == "*" else f"std::min<std::size_t>({a.char_len}, {n}_len)"
         return TraceLine("character", a.name, f"std::string_view({n}, {ln})")

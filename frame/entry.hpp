@@ -30,10 +30,11 @@ int plain_exit(int ifail_on_entry, int error, const char* errbuf, std::string_vi
 int format_records(int error, const char* errbuf, std::span<const MessageText> table,
                    char (*records)[80], int& nrecords);
 
-// A CHARACTER*1 option: its first character, or a blank for a zero-length string.
-inline char option_char(const char* s, std::size_t len)
+// A CHARACTER*1 option: its first character.  The option's declared length is
+// 1, so the first character is read whatever length the caller passes.
+inline char option_char(const char* s)
 {
-    return len > 0 ? s[0] : ' ';
+    return s[0];
 }
 
 // A CHARACTER input of declared length (0 = assumed, the caller's length); never

@@ -58,18 +58,22 @@ void Fail::add(double v) noexcept
     } else if (v == __builtin_inf() || v == -__builtin_inf()) {
         std::snprintf(text, sizeof text, "%22s", v > 0 ? "Infinity" : "-Infinity");
     } else {
-        // Three-digit exponents of negative values would take 23 characters:
-        // one decimal fewer keeps the field at 22.
-        int n = std::snprintf(text, sizeof text, "%22.15E", v);
-        if (n > 22)
-            std::snprintf(text, sizeof text, "%22.14E", v);
+        // A three-digit exponent drops its letter, as Fortran's 1PE22.15 edit
+        // does, so the field keeps 22 characters and 15 decimals:
+        // "-1.000000000000000-300".
+        char raw[32];
+        const int n = std::snprintf(raw, sizeof raw, "%.15E", v);
+        char* e = std::strchr(raw, 'E');
+        if (e != nullptr && n - (e - raw) > 4)
+            std::memmove(e, e + 1, std::strlen(e));
+        std::snprintf(text, sizeof text, "%22s", raw);
     }
     field(text);
 }
 
 void Fail::add(char v) noexcept
 {
-    field(std::string_view(&v, 1));
+    add(std::string_view(&v, 1));
 }
 
 void Fail::add(std::string_view v) noexcept

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 
 namespace lbx::sorting {
 
@@ -16,7 +17,17 @@ void reference_quicksort(double* rv, long m1, long m2);
 // a radix sort reaches faster; anything else goes to the reference sort.
 void sort_ascending(double* rv, long m1, long m2);
 
-// LSD radix sort of n doubles free of NaNs, using tmp (n words) as scratch.
-void radix_sort(double* a, std::size_t n, unsigned long long* tmp);
+// The radix sort's working arrays for n keys, allocated without throwing.
+struct RadixScratch {
+    explicit RadixScratch(std::size_t n);
+    bool ready() const { return tmp && totals && counts; }
+    int threads;                                // the threads that share each pass
+    std::unique_ptr<unsigned long long[]> tmp;  // n words
+    std::unique_ptr<std::size_t[]> totals;      // every digit's histogram
+    std::unique_ptr<std::size_t[]> counts;      // one histogram per thread
+};
+
+// LSD radix sort of n doubles free of NaNs, with ready scratch for n keys.
+void radix_sort(double* a, std::size_t n, RadixScratch& scratch);
 
 }  // namespace lbx::sorting

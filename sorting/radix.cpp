@@ -79,15 +79,23 @@ Scan scan(const double* a, std::size_t n)
 
 }  // namespace
 
-void radix_sort(double* a, std::size_t n, unsigned long long* tmp_words)
+RadixScratch::RadixScratch(std::size_t n)
+    : threads(n >= parallel_threshold ? omp_get_max_threads() : 1),
+      tmp(new (std::nothrow) unsigned long long[n]),
+      totals(new (std::nothrow) std::size_t[digits * buckets]()),
+      counts(new (std::nothrow) std::size_t[static_cast<std::size_t>(threads) * buckets])
 {
-    u64* tmp = reinterpret_cast<u64*>(tmp_words);
+}
+
+void radix_sort(double* a, std::size_t n, RadixScratch& scratch)
+{
+    u64* tmp = reinterpret_cast<u64*>(scratch.tmp.get());
     static_assert(sizeof(u64) == sizeof(unsigned long long));
-    const int wanted = n >= parallel_threshold ? omp_get_max_threads() : 1;
+    const int wanted = scratch.threads;
 
     // Histograms of every digit over the whole data, to skip the passes whose
     // digit is the same for all keys.
-    auto totals = std::make_unique<std::size_t[]>(digits * buckets);
+    std::size_t* totals = scratch.totals.get();
     for (std::size_t i = 0; i < n; ++i) {
         const u64 k = key_of(a[i]);
         for (int d = 0; d < digits; ++d)
@@ -98,7 +106,7 @@ void radix_sort(double* a, std::size_t n, unsigned long long* tmp_words)
     // Each pass is a stable scatter: thread t owns the t-th contiguous chunk of
     // the source and writes its keys after those of the chunks before it, so the
     // result is the same for any number of threads.
-    auto counts = std::make_unique<std::size_t[]>(static_cast<std::size_t>(wanted) * buckets);
+    std::size_t* counts = scratch.counts.get();
     bool in_tmp = false;  // where the keys live: a (as bit images) or tmp
     bool keyed = false;   // whether a already holds keys rather than doubles
     for (int d = 0; d < digits; ++d) {
@@ -181,12 +189,14 @@ void sort_ascending(double* rv, long m1, long m2)
         std::reverse(a, a + n);
         return;
     }
-    std::unique_ptr<unsigned long long[]> tmp(new (std::nothrow) unsigned long long[n]);
-    if (!tmp) {
+    // Without room for the radix sort's arrays, the reference sort gives the
+    // same result in place: sorting never fails for want of memory.
+    RadixScratch scratch(static_cast<std::size_t>(n));
+    if (!scratch.ready()) {
         reference_quicksort(rv, m1, m2);
         return;
     }
-    radix_sort(a, static_cast<std::size_t>(n), tmp.get());
+    radix_sort(a, static_cast<std::size_t>(n), scratch);
 }
 
 }  // namespace lbx::sorting

@@ -60,7 +60,7 @@ TEST(CodedMessage, WriterProducesExactFields)
     fail.finish();
     const std::string want = coded(
         "|    2|99999|    9|-2.000000000000000E+02|       -170|d|ab| 1.500000000000000E+00|"
-        "-1.79769313486232E+308|2.225073858507201E-308|                   NaN|"
+        "-1.797693134862316+308| 2.225073858507201-308|                   NaN|"
         "             -Infinity|");
     EXPECT_EQ(std::string(buf, want.size()), want);
     EXPECT_EQ(ifail, 2);

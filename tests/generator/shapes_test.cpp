@@ -216,8 +216,8 @@ TEST(Shapes, CharacterLengthsFollowAllArguments)
     EXPECT_EQ(std::string(text, 6), "D*****");
     EXPECT_EQ(flag, 1);
     std::memset(text, '#', sizeof text);
-    z99aff_("", text, &flag, 0, 3);  // a zero-length option reads as a blank
-    EXPECT_EQ(std::string(text, 6), " **###");
+    z99aff_("Ax", text, &flag, 0, 3);  // the option's declared length is 1
+    EXPECT_EQ(std::string(text, 6), "A**###");
     EXPECT_EQ(flag, 0);
 }
 

@@ -9,7 +9,9 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
+#include <new>
 #include <random>
 #include <vector>
 
@@ -18,6 +20,28 @@
 #include "gen/sorting.hpp"
 #include "lbx3207qk.h"
 #include "tests/support/messages.hpp"
+
+// Allocation failure on demand: the allocation after `fail_countdown` more
+// allocations throws (a negative countdown never fails).
+namespace {
+int fail_countdown = -1;
+}
+void* operator new(std::size_t n)
+{
+    if (fail_countdown >= 0 && fail_countdown-- == 0)
+        throw std::bad_alloc();
+    if (void* p = std::malloc(n != 0 ? n : 1))
+        return p;
+    throw std::bad_alloc();
+}
+void operator delete(void* p) noexcept
+{
+    std::free(p);
+}
+void operator delete(void* p, std::size_t) noexcept
+{
+    std::free(p);
+}
 
 namespace {
 
@@ -210,10 +234,28 @@ TEST(M01CAF, EveryMessageInItsCheckOrder)
             T{"M01CAF", "M1_GT_M2", [] { return sort(3, 2, "Q"); }, {"3", "2"}, "before ORDER"},
             T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "Z"); }, {"Z"}},
             T{"M01CAF", "BAD_ORDER", [] { return sort(2, 2, " "); }, {""}, "one element"},
+            T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "\x01"); }, {""}, "separator byte"},
             T{"M01CAF", "", [] { return sort(2, 2, "d"); }, {}, "one element is left alone"},
             T{"M01CAF", "", [] { return sort(1, 4, "ascending", 9); }, {}, "first character"},
+            T{"M01CAF", "", [] { return sort(1, 4, "A", 0); }, {}, "declared length 1"},
             T{"M01CAF", "", [] { return sort(3, 4, "a"); }},
         });
+}
+
+TEST(M01CAF, SortsWhenTheFastPathCannotAllocate)
+{
+    const std::vector<double> v = data(5000, 0, 3);
+    std::vector<double> sorted = v;
+    std::sort(sorted.begin(), sorted.end());
+    for (int k = 0; k < 3; ++k) {
+        std::vector<double> rv = v;
+        int m1 = 1, m2 = static_cast<int>(rv.size()), ifail = 1;
+        fail_countdown = k;
+        m01caf_(rv.data(), &m1, &m2, "A", &ifail, 1);
+        fail_countdown = -1;
+        EXPECT_EQ(ifail, 0) << "allocation " << k << " failed";
+        EXPECT_TRUE(same_bits(rv, sorted)) << "allocation " << k << " failed";
+    }
 }
 
 TEST(M01CAF, ResultDoesNotDependOnTheNumberOfThreads)

@@ -46,12 +46,16 @@ inline Raised split(const char* errbuf, int ifail)
     return r;
 }
 
-// A real as a value field quotes it (blank-stripped), to compare with Raised::values.
+// A real as a value field quotes it (blank-stripped), to compare with Raised::values:
+// Fortran's 1PE22.15, whose three-digit exponents go without the letter E.
 inline std::string e(double v)
 {
     char text[32];
     std::snprintf(text, sizeof text, "%.15E", v);
-    return std::isnan(v) ? "NaN" : text;
+    std::string s = std::isnan(v) ? "NaN" : text;
+    if (const auto at = s.find('E'); at != std::string::npos && s.size() - at == 5)
+        s.erase(at, 1);
+    return s;
 }
 
 // Calls f(errbuf, &ifail) (a traced entry) and splits what it left.
