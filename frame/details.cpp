@@ -74,6 +74,7 @@ void A00AAFN()
     X04ABFN(0, unit);
     for (int i : {0, 1, 2, 3, 4, 5, 6, 19}) {
         std::string rec = lines[i].substr(0, 132);
+        rec.resize(132, ' ');  // each line is 132 characters: a blank one is one blank
         x04bafnh_(&x04bafn_, &unit, rec.data(), rec.size());
     }
 }

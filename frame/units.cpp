@@ -47,10 +47,7 @@ void X04BAFN(int nout, std::string_view rec)
         --len;
     // A C caller's own buffered output comes first.
     std::fflush(stdout);
-    if (len == 0)
-        lbx_unit_write(nout, " ", 1);
-    else
-        lbx_unit_write(nout, rec.data(), static_cast<int>(len));
+    lbx_unit_write(nout, rec.data(), static_cast<int>(len));
 }
 
 void call_writer(const X04BAF_WRITERProc& writer, int nout, std::string_view rec)

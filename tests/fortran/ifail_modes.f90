@@ -65,8 +65,9 @@ program ifail_modes
   nerr = 6
   call x04aaf(1, nerr)
 
-  print '(A)', '--- X04BAF: a blank record is one blank; a negative unit drops it'
+  print '(A)', '--- X04BAF: a blank record is one blank, an empty one empty; a negative unit drops it'
   call x04baf(6, '   ')
+  call x04baf(6, '')
   call x04baf(6, 'text with trailing blanks     ')
   call x04baf(-3, 'never seen')
 

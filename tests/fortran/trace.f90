@@ -21,5 +21,6 @@ program trace
   print '(A,I3)', '=== switch 2, function with a result and a dummy argument:'
   pi = x01aaf(1d0)      ! not inside a PRINT: the trace writes to the same unit
   print '(F20.15)', pi
+  call x04baf(6, 'a record')  ! traced by NOUT and REC only, not the writer
   call y90gcft(0)
 end program trace
