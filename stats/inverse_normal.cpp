@@ -57,10 +57,14 @@ constexpr double kF[8] = {1.0,
 double inverse_normal(double p)
 {
     const double q = p - 0.5;
+    return inverse_normal_split(q, q < 0.0 ? p : 1.0 - p);
+}
+
+double inverse_normal_split(double q, double m)
+{
     if (std::fabs(q) <= 0.425) {
         return q * rational(kA, kB, 0.180625 - q * q);
     }
-    double m = q < 0.0 ? p : 1.0 - p;
     if (m <= 0.0)
         m = lbx::machine::safe_min;
     const double r = std::sqrt(-std::log(m));

@@ -10,4 +10,8 @@ namespace lbx::stats {
 // number before the logarithm, so no infinity arises (|x| <= 37.5).
 double inverse_normal(double p);
 
+// The same deviate from q = p - 0.5 and m = min(p, 1 - p), for callers that
+// know both exactly (0.5 + q itself would round away digits of a small q).
+double inverse_normal_split(double q, double m);
+
 }  // namespace lbx::stats

@@ -50,8 +50,9 @@ double G01FAFN(char tail, double p, lbx::Fail& fail)
             return -inverse_normal(p);
         case Tail::significance:
             return -inverse_normal(0.5 * p);
-        default:  // confidence
-            return inverse_normal(0.5 + 0.5 * p);
+        default:  // confidence: P(Z <= x) = 0.5 + P/2, from P/2 and (1 - P)/2 as
+                  // they are (1 - P is exact where the tail branch needs it)
+            return inverse_normal_split(0.5 * p, 0.5 * (1.0 - p));
     }
 }
 

@@ -9,6 +9,7 @@
 // continued fraction would cancel about log10(DF) digits, and elsewhere the
 // expansion is the faster); only the central probability of a small |T|
 // (a ln(1 + T^2/DF) <= 0.75) keeps the incomplete beta function.
+#include <algorithm>
 #include <cmath>
 
 #include "frame/math_constants.hpp"
@@ -112,6 +113,9 @@ double t_tail_expansion(double a, double log_x_inv)
 // The probability TAIL asks for, from the two-sided parts.
 double t_result(Tail which, double t, double both_tails, double central)
 {
+    // The expansions may stray past a bound by an ULP where a probability is 1.
+    both_tails = std::min(both_tails, 1.0);
+    central = std::min(central, 1.0);
     switch (which) {
         case Tail::significance:
             return both_tails;
