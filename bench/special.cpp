@@ -1,10 +1,13 @@
 // Nanoseconds per call of the gamma, error and Dawson functions and of the
-// distribution routines: through the plain entry (what a caller pays), the
-// implementation alone, and the peer in the same binary (glibc where it has
-// the function, GSL otherwise).  Each benchmark sweeps 4096 fixed arguments
-// spread over the stated range; the counter per_call is the time of one call.
-// Run with --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
-// and read the "_min" rows (the least disturbed run on a shared machine).
+// distribution routines, one throughput row each: through the plain entry
+// (what a caller pays), the implementation alone (the difference is the cost
+// of the entry layers), and the peers in the same binary (glibc where it has
+// the function, and GSL).  Each benchmark sweeps 4096 fixed arguments spread
+// over the stated range; the counter per_call is the time of one call.
+// Run with --benchmark_repetitions=7 --benchmark_min_time=0.2
+// --benchmark_enable_random_interleaving=true
+// --benchmark_report_aggregates_only=true and read the "_min" rows (the least
+// disturbed run on a shared machine).
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -15,6 +18,8 @@
 #include <gsl/gsl_cdf.h>
 #include <gsl/gsl_errno.h>
 #include <gsl/gsl_sf_dawson.h>
+#include <gsl/gsl_sf_erf.h>
+#include <gsl/gsl_sf_gamma.h>
 
 #include "gen/special.hpp"
 #include "gen/stats.hpp"
@@ -86,7 +91,8 @@ double plain(double (*f)(const double*, int*), double x)
     return f(&x, &ifail);
 }
 
-#define SPECIAL_BENCH(NAME, DATA, ENTRY, IMPL, PEER)              \
+// One row per routine and range: plain entry, implementation, glibc, GSL.
+#define SPECIAL_BENCH(NAME, DATA, ENTRY, IMPL, PEER, GSL)         \
     void NAME##_entry(benchmark::State& s)                        \
     {                                                             \
         sweep(s, DATA, [](double x) { return plain(ENTRY, x); }); \
@@ -99,38 +105,91 @@ double plain(double (*f)(const double*, int*), double x)
     {                                                             \
         sweep(s, DATA, PEER);                                     \
     }                                                             \
+    void NAME##_peer_gsl(benchmark::State& s)                     \
+    {                                                             \
+        sweep(s, DATA, GSL);                                      \
+    }                                                             \
     LBX_BENCH(NAME##_entry);                                      \
     LBX_BENCH(NAME##_impl);                                       \
-    LBX_BENCH(NAME##_peer);
+    LBX_BENCH(NAME##_peer);                                       \
+    LBX_BENCH(NAME##_peer_gsl);
 
-SPECIAL_BENCH(S14AAF_gamma_0_10, kGammaSmall, s14aaf_, lbx::special::S14AAFN,
-              [](double x) { return std::tgamma(x); })
-SPECIAL_BENCH(S14AAF_gamma_10_170, kGammaLarge, s14aaf_, lbx::special::S14AAFN,
-              [](double x) { return std::tgamma(x); })
-SPECIAL_BENCH(S14AAF_gamma_neg20_0, kGammaNeg, s14aaf_, lbx::special::S14AAFN,
-              [](double x) { return std::tgamma(x); })
-SPECIAL_BENCH(S14ABF_lgamma_0_12, kLogGammaSmall, s14abf_, lbx::special::S14ABFN, [](double x) {
-    int s;
-    return lgamma_r(x, &s);
-})
-SPECIAL_BENCH(S14ABF_lgamma_12_100, kLogGamma, s14abf_, lbx::special::S14ABFN, [](double x) {
-    int s;
-    return lgamma_r(x, &s);
-})
-SPECIAL_BENCH(S14ABF_lgamma_100_1e6, kLogGammaLarge, s14abf_, lbx::special::S14ABFN, [](double x) {
-    int s;
-    return lgamma_r(x, &s);
-})
-SPECIAL_BENCH(S15ADF_erfc, kErfc, s15adf_, lbx::special::S15ADFN,
-              [](double x) { return std::erfc(x); })
-SPECIAL_BENCH(S15AEF_erf, kErf, s15aef_, lbx::special::S15AEFN,
-              [](double x) { return std::erf(x); })
-SPECIAL_BENCH(S15AEF_erf_small, kErfSmall, s15aef_, lbx::special::S15AEFN,
-              [](double x) { return std::erf(x); })
-SPECIAL_BENCH(S15ADF_erfc_small, kErfSmall, s15adf_, lbx::special::S15ADFN,
-              [](double x) { return std::erfc(x); })
-SPECIAL_BENCH(S15AFF_dawson_gsl, kDawson, s15aff_, lbx::special::S15AFFN,
-              [](double x) { return gsl_sf_dawson(x); })
+// GSL's functions; its error handler is off (see GslQuiet), so arguments
+// outside its range return a NaN or an infinity quietly.
+double gsl_gamma(double x)
+{
+    return gsl_sf_gamma(x);
+}
+double gsl_lngamma(double x)
+{
+    return gsl_sf_lngamma(x);
+}
+double gsl_erfc(double x)
+{
+    return gsl_sf_erfc(x);
+}
+double gsl_erf(double x)
+{
+    return gsl_sf_erf(x);
+}
+
+SPECIAL_BENCH(
+    S14AAF_gamma_0_10, kGammaSmall, s14aaf_, lbx::special::S14AAFN,
+    [](double x) { return std::tgamma(x); }, gsl_gamma)
+SPECIAL_BENCH(
+    S14AAF_gamma_10_170, kGammaLarge, s14aaf_, lbx::special::S14AAFN,
+    [](double x) { return std::tgamma(x); }, gsl_gamma)
+SPECIAL_BENCH(
+    S14AAF_gamma_neg20_0, kGammaNeg, s14aaf_, lbx::special::S14AAFN,
+    [](double x) { return std::tgamma(x); }, gsl_gamma)
+SPECIAL_BENCH(
+    S14ABF_lgamma_0_12, kLogGammaSmall, s14abf_, lbx::special::S14ABFN,
+    [](double x) {
+        int s;
+        return lgamma_r(x, &s);
+    },
+    gsl_lngamma)
+SPECIAL_BENCH(
+    S14ABF_lgamma_12_100, kLogGamma, s14abf_, lbx::special::S14ABFN,
+    [](double x) {
+        int s;
+        return lgamma_r(x, &s);
+    },
+    gsl_lngamma)
+SPECIAL_BENCH(
+    S14ABF_lgamma_100_1e6, kLogGammaLarge, s14abf_, lbx::special::S14ABFN,
+    [](double x) {
+        int s;
+        return lgamma_r(x, &s);
+    },
+    gsl_lngamma)
+SPECIAL_BENCH(
+    S15ADF_erfc, kErfc, s15adf_, lbx::special::S15ADFN, [](double x) { return std::erfc(x); },
+    gsl_erfc)
+SPECIAL_BENCH(
+    S15AEF_erf, kErf, s15aef_, lbx::special::S15AEFN, [](double x) { return std::erf(x); }, gsl_erf)
+SPECIAL_BENCH(
+    S15AEF_erf_small, kErfSmall, s15aef_, lbx::special::S15AEFN,
+    [](double x) { return std::erf(x); }, gsl_erf)
+SPECIAL_BENCH(
+    S15ADF_erfc_small, kErfSmall, s15adf_, lbx::special::S15ADFN,
+    [](double x) { return std::erfc(x); }, gsl_erfc)
+// Dawson's integral: glibc has none, GSL is the peer.
+void S15AFF_dawson_entry(benchmark::State& s)
+{
+    sweep(s, kDawson, [](double x) { return plain(s15aff_, x); });
+}
+void S15AFF_dawson_impl(benchmark::State& s)
+{
+    sweep(s, kDawson, [](double x) { return impl(lbx::special::S15AFFN, x); });
+}
+void S15AFF_dawson_peer_gsl(benchmark::State& s)
+{
+    sweep(s, kDawson, [](double x) { return gsl_sf_dawson(x); });
+}
+LBX_BENCH(S15AFF_dawson_entry);
+LBX_BENCH(S15AFF_dawson_impl);
+LBX_BENCH(S15AFF_dawson_peer_gsl);
 
 // Distribution routines with a TAIL argument.
 double g01eaf_l(double x)
@@ -170,6 +229,16 @@ double g01faf_impl(double p)
 {
     return impl([](double v, lbx::Fail& f) { return lbx::stats::G01FAFN('L', v, f); }, p);
 }
+template <int DF>
+double g01ebf_impl(double t)
+{
+    return impl([](double v, lbx::Fail& f) { return lbx::stats::G01EBFN('U', v, DF, f); }, t);
+}
+template <int DF>
+double g01ecf_impl(double x)
+{
+    return impl([](double v, lbx::Fail& f) { return lbx::stats::G01ECFN('U', v, DF, f); }, x);
+}
 
 void G01EAF_normal_lower_entry(benchmark::State& s)
 {
@@ -199,6 +268,10 @@ void G01EBF_t_df5_entry(benchmark::State& s)
 {
     sweep(s, kT, g01ebf_u<5>);
 }
+void G01EBF_t_df5_impl(benchmark::State& s)
+{
+    sweep(s, kT, g01ebf_impl<5>);
+}
 void G01EBF_t_df5_peer_gsl(benchmark::State& s)
 {
     sweep(s, kT, [](double t) { return gsl_cdf_tdist_Q(t, 5.0); });
@@ -206,6 +279,10 @@ void G01EBF_t_df5_peer_gsl(benchmark::State& s)
 void G01EBF_t_df50_entry(benchmark::State& s)
 {
     sweep(s, kT, g01ebf_u<50>);
+}
+void G01EBF_t_df50_impl(benchmark::State& s)
+{
+    sweep(s, kT, g01ebf_impl<50>);
 }
 void G01EBF_t_df50_peer_gsl(benchmark::State& s)
 {
@@ -215,6 +292,10 @@ void G01ECF_chi2_df5_entry(benchmark::State& s)
 {
     sweep(s, kChi, g01ecf_u<5>);
 }
+void G01ECF_chi2_df5_impl(benchmark::State& s)
+{
+    sweep(s, kChi, g01ecf_impl<5>);
+}
 void G01ECF_chi2_df5_peer_gsl(benchmark::State& s)
 {
     sweep(s, kChi, [](double x) { return gsl_cdf_chisq_Q(x, 5.0); });
@@ -222,6 +303,10 @@ void G01ECF_chi2_df5_peer_gsl(benchmark::State& s)
 void G01ECF_chi2_df20_entry(benchmark::State& s)
 {
     sweep(s, kChi, g01ecf_u<20>);
+}
+void G01ECF_chi2_df20_impl(benchmark::State& s)
+{
+    sweep(s, kChi, g01ecf_impl<20>);
 }
 void G01ECF_chi2_df20_peer_gsl(benchmark::State& s)
 {
@@ -235,12 +320,16 @@ LBX_BENCH(G01FAF_normal_deviate_entry);
 LBX_BENCH(G01FAF_normal_deviate_impl);
 LBX_BENCH(G01FAF_normal_deviate_peer_gsl);
 LBX_BENCH(G01EBF_t_df5_entry);
+LBX_BENCH(G01EBF_t_df5_impl);
 LBX_BENCH(G01EBF_t_df5_peer_gsl);
 LBX_BENCH(G01EBF_t_df50_entry);
+LBX_BENCH(G01EBF_t_df50_impl);
 LBX_BENCH(G01EBF_t_df50_peer_gsl);
 LBX_BENCH(G01ECF_chi2_df5_entry);
+LBX_BENCH(G01ECF_chi2_df5_impl);
 LBX_BENCH(G01ECF_chi2_df5_peer_gsl);
 LBX_BENCH(G01ECF_chi2_df20_entry);
+LBX_BENCH(G01ECF_chi2_df20_impl);
 LBX_BENCH(G01ECF_chi2_df20_peer_gsl);
 
 // The cost of the entry layers alone: erf at one argument through the plain

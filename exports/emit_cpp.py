@@ -180,7 +180,7 @@ def plain_body(e: Entry) -> list[str]:
 
 
 def trace_block(e: Entry, lines, when: str, result: bool = False) -> list[str]:
-    L = ["    if (tracing_) [[unlikely]] {\n"
+    L = ["    {\n"
          f"        lbx::frame::TraceFrame trace_({cstr(e.name)}, lbx::frame::TraceFrame::{when});\n"]
     if result:
         L.append(f"        trace_.{e.result}({cstr(e.name)}, result_);\n")
@@ -196,9 +196,9 @@ def external_call(x: External) -> str:
     return f"{x.symbol}ext()({', '.join(x.call_args)})"
 
 
-def traced_body(e: Entry) -> list[str]:
-    L = ["    const bool tracing_ = lbx::frame::tracing();\n"]
-    L += trace_block(e, e.trace_in, "on_entry")
+def traced_call(e: Entry) -> list[str]:
+    """The traced entry's work between its trace frames: the call and its indicator."""
+    L = []
     res = RESULT[e.result]
     if e.result:
         L.append(f"    {res} result_{{}};\n")
@@ -218,7 +218,32 @@ def traced_body(e: Entry) -> list[str]:
                  f"        fail_.exception();\n    }}\n    fail_.finish();\n")
     else:
         L.append(f"    {target}{own};\n")
-    L += trace_block(e, e.trace_out, "on_exit", result=bool(e.result))
+    return L
+
+
+def tracing_helper(e: Entry, conv) -> str:
+    """The traced entry with the switch on, out of line: its frames and the work
+    between them never weigh on the path without tracing."""
+    body = trace_block(e, e.trace_in, "on_entry")
+    body += traced_call(e)
+    body += trace_block(e, e.trace_out, "on_exit", result=bool(e.result))
+    if e.result:
+        body.append("    return result_;\n")
+    return (f"namespace {{\n// {e.name} with the trace switch on.\n"
+            f"[[gnu::cold, gnu::noinline]] {RESULT[e.result]} {e.cname}traced_("
+            f"{params_text(e.params, conv.length_type)})\n{{\n" + "".join(body) + "}\n"
+            "}  // namespace\n\n")
+
+
+def traced_body(e: Entry) -> list[str]:
+    # The switch is read once; with it on, the out-of-line helper does the
+    # whole call with its frames.
+    args = ", ".join(p.name for p in e.params)
+    ret = "return " if e.result else ""
+    tail = "" if e.result else "\n        return;"
+    L = ["    if (lbx::frame::tracing()) [[unlikely]] {\n"
+         f"        {ret}{e.cname}traced_({args});{tail}\n    }}\n"]
+    L += traced_call(e)
     if e.result:
         L.append("    return result_;\n")
     return L
@@ -243,7 +268,8 @@ def entry_text(e: Entry, conv) -> str:
             "direct": f"{e.purpose} (direct entry).",
             "forward": f"{e.purpose} (the external routine)."}[e.layer]
     body = {"plain": plain_body, "traced": traced_body}.get(e.layer, simple_body)(e)
-    return (f"// {e.name}: {what}\n{declaration(e, conv)}\n{{\n" + "".join(body) + "}\n"
+    helper = tracing_helper(e, conv) if e.layer == "traced" else ""
+    return (f"{helper}// {e.name}: {what}\n{declaration(e, conv)}\n{{\n" + "".join(body) + "}\n"
             + alias(e, conv))
 
 

@@ -82,7 +82,7 @@ private:
 
     char* buf_;
     int& ifail_;
-    int pos_ = 0;
+    int pos_;  // set by begin(), before any field
 };
 
 }  // namespace lbx

@@ -70,6 +70,16 @@ inline double stirling_series(double x)
     return polynomial(kStirling, r * r) * r;
 }
 
+// ln Gamma(x) for 12 < x <= 2.55e305: Stirling's formula with the series
+// (dropped beyond 2.24e76, Cody's bound, where it lies far below an ULP of
+// the result).
+inline double log_gamma_stirling(double x)
+{
+    const double s = x <= 2.24e76 ? stirling_series(x) : 0.0;
+    const double lnx = std::log(x);
+    return ((s + lbx::math::ln_sqrt_two_pi) - 0.5 * lnx) + x * (lnx - 1.0);
+}
+
 }  // namespace
 
 double log_gamma_kernel(double x)
@@ -100,10 +110,7 @@ double log_gamma_kernel(double x)
         const double y = x - 4.0;
         return kD4 + y * rational(kP4, kQ4, y);
     }
-    // Cody's bound: beyond 2.24e76 the series is far below an ULP of the result.
-    const double s = x <= 2.24e76 ? stirling_series(x) : 0.0;
-    const double lnx = std::log(x);
-    return ((s + lbx::math::ln_sqrt_two_pi) - 0.5 * lnx) + x * (lnx - 1.0);
+    return log_gamma_stirling(x);
 }
 
 double log_gamma_1p_kernel(double a)
@@ -123,6 +130,10 @@ double stirling_remainder(double x)
 
 double S14ABFN(double x, lbx::Fail& fail)
 {
+    // The range of Stirling's formula first: one test instead of the checks
+    // and the kernel's four break points (a NaN fails it and goes on).
+    if (x > 12.0 && x <= 2.55e305)
+        return log_gamma_stirling(x);
     if (std::isnan(x))
         return x;
     if (x > 2.55e305) {
