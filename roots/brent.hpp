@@ -39,7 +39,7 @@ enum class ZeroStatus {
     tolx_invalid,  // tolx not positive
     ir_invalid,    // ir not 0, 1 or 2
     pole,          // final abs(f) larger than at both starting points
-    tolx_small,    // bracket cannot shrink further at machine precision
+    tolx_small,    // bracket cannot shrink further at machine precision (v2 = b, v3 = c)
 };
 
 using ZeroReport = Report<ZeroStatus>;
@@ -152,14 +152,15 @@ inline void save_state(double* w, double fa, double a, double b, double d, doubl
     //    that a half-width that is not finite (an infinite or NaN end point,
     //    which no bisection can shrink) also ends here instead of iterating
     //    for ever.
+    //    X, Y and C are left as they stood; the report carries b and c.
     const double am = std::fabs(m);
     if (!(lbx::machine::eps * std::fabs(b) < am && am <= lbx::machine::huge)) {
-        x = b;
-        y = c;
         ind = 0;
         ZeroReport r;
         r.status = ZeroStatus::tolx_small;
         r.v1 = tolx;
+        r.v2 = b;
+        r.v3 = c;
         return r;
     }
     // 6. Step choice.
@@ -227,9 +228,7 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
                                     int& ind)
 {
     if (same_sign(fx, w[kFa])) {
-        // Hand the starting points back as the caller gave them.
-        y = x;
-        x = w[kA];
+        // X and Y stay as the set-up left them: X the second point, Y the first.
         ind = 0;
         ZeroReport r;
         r.status = ZeroStatus::same_sign;
@@ -345,10 +344,11 @@ void solve_known_bracket(double a, double fa, double b, double fb, double eps, d
     }
     x_out = x;
     // Started here with valid arguments on a sign change, the engine ends
-    // converged, at a pole or at the accuracy limit.
+    // converged, at a pole or at the accuracy limit (X is then its best point b).
     if (r.status == ZeroStatus::pole) {
         fail(Msg::POLE);
     } else if (r.status == ZeroStatus::tolx_small) {
+        x_out = r.v2;
         fail(Msg::EPS_TOO_SMALL, r.v1);
     }
 }

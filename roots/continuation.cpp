@@ -103,7 +103,10 @@ ContinuationReport continue_bracketing(double& x, double fx, double tol, int ir,
 {
     double y = c[kY];
     int eind = 4;
-    zero_engine_step(x, y, fx, tol, ir, c, eind);
+    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
+    if (r.status == ZeroStatus::tolx_small) {
+        x = r.v2;  // the best point of the last bracket
+    }
     c[kY] = y;
     // Finished (exact zero, or the bracket cannot shrink further at machine
     // precision: x is then as good as the arithmetic allows), or converged:

@@ -75,18 +75,40 @@ R azf(double fx, double c1, double tolx, int ir, int ind)
     return r;
 }
 
-// C05AZF from IND = 1 to the end; intermediate returns leave IFAIL = 0.
+// C05AZF from IND = 1 to the end; intermediate returns leave IFAIL = 0. A
+// failing last entry leaves X and Y as they stood.
 R azf_run(Fn f, double x, double y, double tolx, double want = kNaN)
 {
-    double fx = 0, c[10];
+    double fx = 0, c[10], x_in = x, y_in = y;
     int ind = 1, ifail = 0, ir = 1;
     char errbuf[200];
     do {
+        x_in = x;
+        y_in = y;
         c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
         EXPECT_TRUE(ind == 0 || ifail == 0);
         fx = f(x);
     } while (ind != 0);
+    if (ifail != 0 && ifail != 4) {
+        EXPECT_EQ(x, x_in);
+        EXPECT_EQ(y, y_in);
+    }
     return expect_end(lbx::test::split(errbuf, ifail), x, -1, want, 2 * tolx);
+}
+
+// C05AZF from X = 1, Y = 2 (C(1) = f(Y) for IND = -1), the values fx handed
+// in one entry after another; X and Y at the end must be want_x, want_y.
+R azf_points(int ind, std::vector<double> fx, double c1, double want_x, double want_y)
+{
+    double x = 1, y = 2, tolx = 1e-8, c[10] = {c1};
+    int ir = 1, ifail = 0;
+    char errbuf[200];
+    for (double v : fx)
+        c05azft_(&x, &y, &v, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
+    EXPECT_EQ(ind, 0);
+    EXPECT_EQ(x, want_x);
+    EXPECT_EQ(y, want_y);
+    return lbx::test::split(errbuf, ifail);
 }
 
 // C05AZF from X = 0, Y = 1 with the values fx handed in one entry after another.
@@ -223,6 +245,11 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(-1.5), e(0)}, "zero in C(1)"},
             T{"C05AZF", "SAME_SIGN", [] { return azf(kNaN, -1, 1e-8, 1, -1); },
               {e(kNaN), e(-1)}, "NaN is not positive"},
+            // The set-up's exchange of X and Y stands on the same-sign failure.
+            T{"C05AZF", "SAME_SIGN", [] { return azf_points(-1, {1}, 3, 2, 1); },
+              {e(1), e(3)}, "IND = -1: X, Y exchanged"},
+            T{"C05AZF", "SAME_SIGN", [] { return azf_points(1, {0, 1, 3}, 0, 2, 1); },
+              {e(1), e(3)}, "IND = 3: X, Y as they stood"},
             T{"C05AZF", "", [] { return azf(2, 0, 1e-8, 1, -1); }, {}, "f(X) > 0, f(Y) = 0"},
             T{"C05AZF", "", [] { return azf(kNaN, 1, 1e-8, 1, -1); }, {}, "NaN, f(Y) > 0"},
             T{"C05AZF", "", [] { return azf(-1, 2, 1e-8, 1, -1); }},
