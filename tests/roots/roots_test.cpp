@@ -65,10 +65,10 @@ R expect_end(R r, double x, int evals, double want, double err)
     return r;
 }
 
-// One entry of C05AZF at X = 1, Y = 2 with f(Y) in C(1).
-R azf(double fx, double c1, double tolx, int ir, int ind)
+// One entry of C05AZF at X, Y (1 and 2 unless given) with f(Y) in C(1).
+R azf(double fx, double c1, double tolx, int ir, int ind, double x = 1, double y = 2)
 {
-    double x = 1, y = 2, c[10] = {c1};
+    double c[10] = {c1};
     const R r =
         traced([&](char* e, int* i) { c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, e, i, 200); });
     EXPECT_EQ(ind == 0, r.ifail != 0) << "IND " << ind;
@@ -94,6 +94,29 @@ R azf_run(Fn f, double x, double y, double tolx, double want = kNaN)
         EXPECT_EQ(y, y_in);
     }
     return expect_end(lbx::test::split(errbuf, ifail), x, -1, want, 2 * tolx);
+}
+
+// C05AZF from IND = 1 at X = 1, Y = 2 on x^2 - 2 with TOLX = tolx; after
+// entry k the caller changes C, TOLX or Y (change(c, tolx, y)). Ends within
+// 2 TOLX of sqrt(2) unless it fails. k = 0: after the entry that asks for the
+// final value.
+R azf_changed(double tolx, int k, std::function<void(double*, double&, double&)> change)
+{
+    double x = 1, y = 2, fx = 0, c[10];
+    int ind = 1, ir = 1, ifail = 0, n = 0;
+    char errbuf[200];
+    do {
+        c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
+        fx = sq2(x);
+        if (++n == k || (k == 0 && c[9] == 1 && ind == 4)) {
+            change(c, tolx, y);
+            k = -1;
+        }
+    } while (ind != 0 && n < 10000);
+    EXPECT_EQ(ind, 0);
+    if (ifail == 0)
+        EXPECT_LE(std::fabs(x - 1.414213562373095049), 2 * tolx);
+    return lbx::test::split(errbuf, ifail);
 }
 
 // C05AZF from X = 1, Y = 2 (C(1) = f(Y) for IND = -1), the values fx handed
@@ -261,6 +284,31 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(-2.5)}, "before IR"},
             T{"C05AZF", "TOLX_NOT_POSITIVE", [] { return azf(1, -1, kNaN, 1, 4); }, {e(kNaN)}},
             T{"C05AZF", "IR_INVALID", [] { return azf(1, -1, 1e-8, -1, 4); }, {"-1"}},
+            T{"C05AZF", "POINT_NOT_FINITE", [] { return azf(1, -1, 1e-8, 1, 1, kInf, 2); },
+              {"Infinity", e(2)}, "never f(Inf)"},
+            T{"C05AZF", "POINT_NOT_FINITE", [] { return azf(1, -1, 1e-8, 1, -1, 1, kNaN); },
+              {e(1), e(kNaN)}},
+            T{"C05AZF", "IR_INVALID", [] { return azf(1, -1, 1e-8, 3, 1, kNaN, 2); }, {"3"},
+              "before X, Y"},
+            T{"C05AZF", "POINT_NOT_FINITE",
+              [] { return azf_changed(1e-8, 1, [](double*, double&, double& y) { y = -kInf; }); },
+              {e(1), "-Infinity"}, "Y changed before IND = 2"},
+            // a and c of one sign: no bracket left to converge in.
+            T{"C05AZF", "STATE_CHANGED",
+              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) {
+                       c[6] = 1.1, c[7] = -0.79, c[2] = 1.2, c[1] = -0.56;
+                   }); },
+              {"4"}},
+            T{"C05AZF", "STATE_CHANGED",
+              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) { c[9] = 0.5; }); },
+              {"4"}},
+            // The final entry checks the convergence again.
+            T{"C05AZF", "",
+              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) { c[9] = 1; }); },
+              {}, "C(10) set before convergence"},
+            T{"C05AZF", "",
+              [] { return azf_changed(1e-3, 0, [](double*, double& tolx, double&) { tolx = 1e-13; }); },
+              {}, "TOLX made smaller before the final entry"},
             T{"C05AZF", "", [] { return azf(1, -1, 1e-8, 0, 3); }, {}, "IR = 0"},
             T{"C05AZF", "POLE", [] { return azf_run(pole, 0, 1, 1e-10); }},
             T{"C05AZF", "TOLX_TOO_SMALL", [] { return azf_run(sq2, 1, 2, 1e-300); }, {e(1e-300)}},
@@ -280,9 +328,13 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(kNaN), e(-1.25)}, "NaN at A, - at B"},
             T{"C05AYF", "", [] { return ayf(nan_left(1), 0, 2, 1e-10, -1, 0.75, 2e-10); }},
             T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(sq2, 1, 2, 1e-300); }, {e(1e-300)}},
-            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), kNaN, 1, 1e-10, 2); }},
-            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), -kInf, 1, 1e-10, 2); }},
-            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), 0, kInf, 1e-10, 2); }},
+            // Never F at a point off the finite numbers.
+            T{"C05AYF", "END_NOT_FINITE", [] { return ayf(atan_at(0.5), kNaN, 1, 1e-10, 0); },
+              {e(kNaN), e(1)}},
+            T{"C05AYF", "END_NOT_FINITE", [] { return ayf(atan_at(0.5), -kInf, 1, 1e-10, 0); }},
+            T{"C05AYF", "END_NOT_FINITE", [] { return ayf(atan_at(0.5), 0, kInf, 1e-10, 0); },
+              {e(0), "Infinity"}},
+            T{"C05AYF", "A_EQUALS_B", [] { return ayf(atan_at(0.5), kInf, kInf, 1e-10, 0); }},
             T{"C05AYF", "POLE", [] { return ayf(pole, 0, 1, 1e-10); }},
             T{"C05AYF", "", [] { return ayf(line(1), 1, 3, 1e-8, 1, 1); }, {}, "zero at A"},
             T{"C05AYF", "", [] { return ayf(line(3), 1, 3, 1e-8, 2, 3); }, {}, "zero at B"},
@@ -297,6 +349,7 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05ADF", "SAME_SIGN", [] { return adf(sq2, 2, 3, 1e-6); }, {e(2), e(7)}},
             T{"C05ADF", "EPS_TOO_SMALL", [] { return adf(sq2, 1, 2, 1e-300); }},
             T{"C05ADF", "POLE", [] { return adf(pole, 0, 1, 1e-10); }},
+            T{"C05ADF", "END_NOT_FINITE", [] { return adf(sq2, 1, kNaN, 1e-6); }},
             T{"C05AVF", "BOUNDS_ORDER", [] { return avf(3, 0, 2, 2); }, {e(2), e(2)}, "before X, H"},
             T{"C05AVF", "BOUNDS_ORDER", [] { return avf(0, 1, 2, 1); }, {e(2), e(1)}},
             T{"C05AVF", "X_OUTSIDE", [] { return avf(3, 0, -1, 2); },
