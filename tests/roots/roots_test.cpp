@@ -5,6 +5,7 @@
 // test battery: test_roots_battery.cpp.
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <cmath>
 #include <functional>
 #include <vector>
@@ -22,17 +23,20 @@ using lbx::test::traced;
 
 const double kNaN = std::nan(""), kInf = INFINITY;
 
-// The user function of the direct routines, counting its calls.
+// The user function of the direct routines, counting its calls; never
+// called off the finite numbers.
 Fn g_fn;
 int g_calls = 0;
 double user(const double* x, int*, double*)
 {
     ++g_calls;
+    EXPECT_TRUE(std::isfinite(*x)) << *x;
     return g_fn(*x);
 }
 double older(const double* x)
 {
     ++g_calls;
+    EXPECT_TRUE(std::isfinite(*x)) << *x;
     return g_fn(*x);
 }
 
@@ -166,6 +170,25 @@ R adf(Fn f, double a, double b, double eps)
     double x, eta = 0;
     return traced(
         [&](char* e, int* i) { c05adft_(&a, &b, &eps, &eta, older, c05adf_fh_, &x, e, i, 200); });
+}
+
+// C05AVF from IND = 1 to the end on f, at most 5000 entries, every point
+// requested finite; after entry k the caller changes X or C (change(x, c)).
+R avf_run(Fn f, double x, double h, double lo, double hi, int k = -1,
+          std::function<void(double&, double*)> change = nullptr)
+{
+    double y = 0, fx = 0, c[11];
+    int ind = 1, n = 0;
+    return traced([&](char* e, int* i) {
+        do {
+            c05avft_(&x, &fx, &h, &lo, &hi, &y, c, &ind, e, i, 200);
+            EXPECT_TRUE(std::isfinite(x)) << x;
+            fx = f(x);
+            if (++n == k)
+                change(x, c);
+        } while (ind != 0 && n < 5000);
+        EXPECT_EQ(ind, 0);
+    });
 }
 
 // One entry of C05AVF with f(X) = 1.
@@ -377,6 +400,25 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
                   });
               },
               {e(-3), e(5)}},
+            // Bounds beyond the finite numbers: the probes stop at +-huge.
+            T{"C05AVF", "NO_SIGN_CHANGE", [] { return avf_run(plus1, 0, 1, -kInf, kInf); },
+              {"-1.79769313486232E+308", e(DBL_MAX)}},
+            T{"C05AVF", "",
+              [] { return avf_run([](double x) { return x - 1e300; }, 1e-300, 1e-300, 0, kInf); },
+              {}, "from 1e-300 to beyond 1e300"},
+            // X is not read on re-entry: the search goes on at the point requested.
+            T{"C05AVF", "",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 2, [](double& x, double*) { x = kNaN; }); },
+              {}, "X changed"},
+            T{"C05AVF", "STATE_CHANGED",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 2, [](double&, double* c) { c[10] = 0.5; }); },
+              {"2"}},
+            T{"C05AVF", "STATE_CHANGED",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 3, [](double&, double* c) { c[6] = kNaN; }); },
+              {"2"}, "a NaN probe"},
+            T{"C05AVF", "STATE_CHANGED",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 3, [](double&, double* c) { c[0] = 20; }); },
+              {"2"}, "the point requested beyond BOUNDU"},
             T{"C05AUF", "EPS_NOT_POSITIVE", [] { return auf(sq2, 1, 0, -1); }, {e(-1)}, "before H"},
             T{"C05AUF", "EPS_NOT_POSITIVE", [] { return auf(sq2, 1, 0.1, 0); }},
             T{"C05AUF", "H_TOO_SMALL", [] { return auf(sq2, 1, 1e-17, 1e-6); }, {e(1), e(1e-17)}},
@@ -384,6 +426,9 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AUF", "NO_SIGN_CHANGE", [] { return auf(plus1, 1, 0.5, 1e-6, 23, 1); },
               {e(-511), e(513)}},
             T{"C05AUF", "EPS_TOO_SMALL", [] { return auf(sq2, 1, 0.1, 1e-300); }},
+            // X + 1024 H beyond the largest finite value: F is never called at Inf.
+            T{"C05AUF", "NO_SIGN_CHANGE", [] { return auf(plus1, 1e308, 1e306, 1e-6, -1, 1e308); },
+              {"-1.79769313486232E+308", e(DBL_MAX)}},
             T{"C05AUF", "POLE", [] { return auf(pole, 0.25, 0.5, 1e-10); }},
             T{"C05AUF", "",
               [] { return auf([](double x) { return x * x * x - 2 * x - 5; }, 1, 0.1, 1e-12, -1,
