@@ -44,6 +44,7 @@ const Fn sq2 = [](double x) { return x * x - 2.0; };
 const Fn plus1 = [](double x) { return x * x + 1.0; };
 const Fn pole = [](double x) { return 1.0 / (x - 0.3); };
 const Fn expx = [](double x) { return std::exp(-x) - x; };
+const Fn expm1 = [](double x) { return std::exp(x) - 1; };
 Fn line(double z)
 {
     return [z](double x) { return x - z; };
@@ -222,27 +223,32 @@ R agf(Fn f, double x, double h, double eps)
     });
 }
 
-// One entry of C05AXF at X = 1 with f(X) = 1.
-R axf(double tol, double scal, int ir, int ind)
+// One entry of C05AXF at X (1 unless given) with f(X) = 1.
+R axf(double tol, double scal, int ir, int ind, double x = 1)
 {
-    double x = 1, fx = 1, c[26] = {};
+    double fx = 1, c[26] = {};
     const R r =
         traced([&](char* e, int* i) { c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, e, i, 200); });
     EXPECT_EQ(ind == 0, r.ifail != 0) << "IND " << ind;
     return r;
 }
 
-// C05AXF from IND = 1 at X = 1 to the end; X never infinite.
-R axf_run(Fn f, double* x_end = nullptr)
+// C05AXF from IND = 1 at X = x0 to the end, at most 5000 entries; X never
+// infinite. After entry k the caller changes X or C (change(x, c)).
+R axf_run(Fn f, double* x_end = nullptr, double x0 = 1, int k = -1,
+          std::function<void(double&, double*)> change = nullptr)
 {
-    double x = 1, fx = 0, tol = 1e-10, scal = 1e-3, c[26];
+    double x = x0, fx = 0, tol = 1e-10, scal = 1e-3, c[26];
     int ir = 0, ind = 1, ifail = 0, calls = 0;
     char errbuf[200];
     do {
         c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, errbuf, &ifail, 200);
         EXPECT_TRUE(std::isfinite(x));
         fx = f(x);
+        if (calls + 1 == k)
+            change(x, c);
     } while (ind != 0 && ++calls < 5000);
+    EXPECT_EQ(ind, 0);
     if (x_end)
         *x_end = x;
     return lbx::test::split(errbuf, ifail);
@@ -261,10 +267,10 @@ R awf(Fn f, double x, double eps, int nfmax, double want = kNaN, double err = 0,
     return expect_end(r, x, evals, want, err);
 }
 
-R ajf(Fn f, double eps, int nfmax)
+R ajf(Fn f, double eps, int nfmax, double x = 1)
 {
     g_fn = f;
-    double x = 1, eta = 0;
+    double eta = 0;
     return traced(
         [&](char* e, int* i) { c05ajft_(&x, &eps, &eta, older, c05ajf_fh_, &nfmax, e, i, 200); });
 }
@@ -448,6 +454,30 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AXF", "IR_INVALID", [] { return axf(1e-8, 0, 3, 1); }, {"3"}, "before SCAL"},
             T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 1e-17, 1, -1); }, {e(1), e(1e-17)}},
             T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 0, 1, 1); }},
+            T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 1e-3, 1, 1, kNaN); },
+              {"NaN", e(1e-3)}, "X not finite"},
+            T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, DBL_MAX, 1, -1, DBL_MAX); },
+              {e(DBL_MAX), e(DBL_MAX)}, "X+SCAL overflows"},
+            // No zero, abs(f) falling to a floor: f(x)/f(x0) underflows, the walk ends.
+            T{"C05AXF", "NO_PROGRESS",
+              [] { return axf_run([](double x) { return std::exp(x) + 4.9e-324; }); }},
+            T{"C05AXF", "NO_PROGRESS",
+              [] { return axf_run([](double x) { return std::exp(x) + 1e-20; }, nullptr, 700); }},
+            // The cap on values in the continuation phase (C(21) counts them).
+            T{"C05AXF", "NO_PROGRESS",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double&, double* c) { c[20] = 4095; }); }},
+            // X is not read on re-entry.
+            T{"C05AXF", "",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double& x, double*) { x = kNaN; }); }},
+            T{"C05AXF", "STATE_CHANGED",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double&, double* c) { c[16] = kNaN; }); },
+              {"4"}, "NaN difference quotient"},
+            T{"C05AXF", "STATE_CHANGED",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double&, double* c) { c[17] = kInf; }); },
+              {"4"}, "infinite rho"},
+            T{"C05AXF", "STATE_CHANGED",
+              [] { return axf_run(sq2, nullptr, 1, 4, [](double&, double* c) { c[9] = 1; }); },
+              {"4"}, "C(10) set while bracketing"},
             T{"C05AXF", "", [] { return axf(1e-8, 1e-3, 2, 1); }, {}, "IR = 2"},
             T{"C05AXF", "NO_PROGRESS",
               [] {
@@ -478,6 +508,8 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(0)}, "before NFMAX"},
             T{"C05AWF", "NFMAX_NOT_POSITIVE", [] { return awf(expx, 1, 1e-8, -4); }, {"-4"}},
             T{"C05AWF", "NFMAX_NOT_POSITIVE", [] { return awf(expx, 1, 1e-8, 0); }, {"0"}},
+            T{"C05AWF", "X_NOT_FINITE", [] { return awf(expx, kNaN, 1e-8, 10, kNaN, 0, 0, 0); },
+              {"NaN"}},
             T{"C05AWF", "TOO_MANY_CALLS", [] { return awf(expx, 1, 1e-12, 3, kNaN, 0, 0, 3); },
               {"3"}},
             T{"C05AWF", "NO_PROGRESS",
@@ -503,6 +535,9 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AJF", "NFMAX_NOT_POSITIVE", [] { return ajf(expx, 1e-8, 0); }, {"0"}},
             T{"C05AJF", "TOO_MANY_CALLS", [] { return ajf(expx, 1e-12, 3); }, {"3"}},
             T{"C05AJF", "NO_PROGRESS", [] { return ajf(plus1, 1e-10, 200); }},
+            T{"C05AJF", "X_NOT_FINITE", [] { return ajf(expx, 1e-8, 10, -kInf); }, {"-Infinity"}},
+            // From the largest double: the first difference step points inward.
+            T{"C05AJF", "", [] { return ajf(line(1), 1e-10, 50, DBL_MAX); }},
         });
 }
 
