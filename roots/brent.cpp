@@ -31,6 +31,10 @@ void C05AZFN(double& x, double& y, double fx, double tolx, int ir, double* c, in
             return fail(C05AZF_msg::POLE);
         case ZeroStatus::tolx_small:
             return fail(C05AZF_msg::TOLX_TOO_SMALL, r.v1);
+        case ZeroStatus::not_finite:
+            return fail(C05AZF_msg::POINT_NOT_FINITE, r.v1, r.v2);
+        case ZeroStatus::changed:
+            return fail(C05AZF_msg::STATE_CHANGED, r.iv);
     }
 }
 

@@ -39,7 +39,9 @@ enum class ZeroStatus {
     tolx_invalid,  // tolx not positive
     ir_invalid,    // ir not 0, 1 or 2
     pole,          // final abs(f) larger than at both starting points
-    tolx_small,    // bracket cannot shrink further at machine precision
+    tolx_small,    // bracket cannot shrink further at machine precision (v2 = b, v3 = c)
+    not_finite,    // X or Y not finite on an entry that takes them (v1 = X, v2 = Y)
+    changed,       // C holds no bracket: changed between calls (iv = IND)
 };
 
 using ZeroReport = Report<ZeroStatus>;
@@ -125,6 +127,15 @@ inline void save_state(double* w, double fa, double a, double b, double d, doubl
         c = a;
         fc = fa;
         d = e = b - a;
+        if (same_sign(fb, fc)) {
+            // The stored a and c were of one sign: not a state this engine
+            // leaves, so C was changed between calls.
+            ZeroReport r;
+            r.status = ZeroStatus::changed;
+            r.iv = ind;
+            ind = 0;
+            return r;
+        }
     }
     // 2. Make b the point of smaller residual.
     if (std::fabs(fb) > std::fabs(fc)) {
@@ -152,14 +163,15 @@ inline void save_state(double* w, double fa, double a, double b, double d, doubl
     //    that a half-width that is not finite (an infinite or NaN end point,
     //    which no bisection can shrink) also ends here instead of iterating
     //    for ever.
+    //    X, Y and C are left as they stood; the report carries b and c.
     const double am = std::fabs(m);
     if (!(lbx::machine::eps * std::fabs(b) < am && am <= lbx::machine::huge)) {
-        x = b;
-        y = c;
         ind = 0;
         ZeroReport r;
         r.status = ZeroStatus::tolx_small;
         r.v1 = tolx;
+        r.v2 = b;
+        r.v3 = c;
         return r;
     }
     // 6. Step choice.
@@ -227,9 +239,7 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
                                     int& ind)
 {
     if (same_sign(fx, w[kFa])) {
-        // Hand the starting points back as the caller gave them.
-        y = x;
-        x = w[kA];
+        // X and Y stay as the set-up left them: X the second point, Y the first.
         ind = 0;
         ZeroReport r;
         r.status = ZeroStatus::same_sign;
@@ -274,6 +284,15 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
     }
 
     using namespace zero_engine_detail;
+    if ((ind == 1 || ind == -1 || ind == 2) && !(std::isfinite(x) && std::isfinite(y))) {
+        // The entries that take X or Y as a point never ask for f off the finite numbers.
+        ZeroReport r;
+        r.status = ZeroStatus::not_finite;
+        r.v1 = x;
+        r.v2 = y;
+        ind = 0;
+        return r;
+    }
     switch (ind) {
         case 1:
             w[kA] = x;
@@ -300,6 +319,19 @@ inline ZeroReport take_second_value(double& x, double& y, double fx, double tolx
             break;
     }
 
+    if (w[kDone] != 0.0 && w[kDone] != 1.0) {
+        ZeroReport r;
+        r.status = ZeroStatus::changed;
+        r.iv = ind;
+        ind = 0;
+        return r;
+    }
+    // The final value: the convergence is checked again at the stored b and c
+    // with the TOLX and IR of this entry; when it no longer holds (TOLX made
+    // smaller, or C(10) set by the caller) the iteration goes on from fx = f(b).
+    if (w[kDone] != 0.0 && !(std::fabs(0.5 * (w[kC] - w[kB])) <= tolerance(tolx, ir, w[kB]))) {
+        w[kDone] = 0.0;
+    }
     if (w[kDone] != 0.0) {
         // Pole test on the final value.
         if (fx == 0.0) {
@@ -345,10 +377,11 @@ void solve_known_bracket(double a, double fa, double b, double fb, double eps, d
     }
     x_out = x;
     // Started here with valid arguments on a sign change, the engine ends
-    // converged, at a pole or at the accuracy limit.
+    // converged, at a pole or at the accuracy limit (X is then its best point b).
     if (r.status == ZeroStatus::pole) {
         fail(Msg::POLE);
     } else if (r.status == ZeroStatus::tolx_small) {
+        x_out = r.v2;
         fail(Msg::EPS_TOO_SMALL, r.v1);
     }
 }
@@ -364,6 +397,9 @@ void solve_interval(double a, double b, double eps, double eta, Eval&& eval, dou
     }
     if (a == b) {
         return fail(Msg::A_EQUALS_B, a, b);
+    }
+    if (!(std::isfinite(a) && std::isfinite(b))) {
+        return fail(Msg::END_NOT_FINITE, a, b);
     }
     x = a;
     const double fa = eval(x);

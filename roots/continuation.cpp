@@ -5,18 +5,22 @@
 // solves the homotopy exactly at t = f(x) / f(x0), so the curve parameter is
 // read off the function value and never drifts. One continuation step aims
 // at the target t' = t (1 - rho) with a secant (quasi-Newton) step
-//     x' = x - (f(x) - t' f(x0)) / s,
+//     x' = x - (f(x) - t' f(x0)) / s = x - rho f(x) / s,
 // s being the latest difference quotient of f (at first from x0 and x0 + SCAL).
 // The step is accepted when the new t has fallen at least a tenth of the way
-// to t'; then rho doubles (up to 1, which aims at the zero itself) and s takes
-// the new difference quotient. Otherwise the step is rejected, s takes the
+// to t', written with the values themselves (t underflows where f(x) / f(x0)
+// does): abs(f(x')) <= (1 - rho/10) abs(f(x)), and abs(f(x')) < abs(f(x));
+// then rho doubles (up to 1, which aims at the zero itself) and s takes the
+// new difference quotient. Otherwise the step is rejected, s takes the
 // difference quotient through the rejected point and rho halves. The path is
 // left for the bracketing engine as soon as f changes sign between the
 // current and the new point, which guarantees convergence from there on. The
-// search ends successfully when an accepted step is within the tolerance, and
-// fails when rho falls below 2^-30 or a rejected step is within the tolerance
-// (f has a local minimum of abs(f) there, not a zero). A step that would leave
-// the finite numbers is shortened by halving rho.
+// search ends successfully when an accepted step aimed at the zero would have
+// been within the tolerance (abs(x' - x) / rho <= tol: the full secant step),
+// and fails when rho falls below 2^-30, when a rejected step is within the
+// tolerance (f has a local minimum of abs(f) there, not a zero), or after
+// kMaxSteps values in the continuation phase. A step that would leave the
+// finite numbers is shortened by halving rho.
 //
 // Layout of the communication array (Fortran numbering C(1) .. C(26)):
 //   C(1)  .. C(10)  the bracketing engine's array, once a sign change is found
@@ -25,7 +29,9 @@
 //   C(15) current point x     C(16) f(x)
 //   C(17) difference quotient s        C(18) rho
 //   C(19) the other end Y of the bracketing engine
-//   C(20) .. C(26) unused
+//   C(20) the point requested in the continuation phase (X is not read)
+//   C(21) the number of values taken in the continuation phase
+//   C(22) .. C(26) unused
 #include "roots/continuation.hpp"
 
 #include <cmath>
@@ -36,9 +42,13 @@ namespace lbx::roots {
 namespace {
 
 constexpr int kPhase = 10, kX0 = 11, kF0 = 12, kScal = 13, kX = 14, kFx = 15, kS = 16, kRho = 17,
-              kY = 18;
+              kY = 18, kReq = 19, kSteps = 20;
 constexpr double kRhoMin = 0x1p-30;
 constexpr double kSufficient = 0.1;
+// Values taken in the continuation phase before it gives up (IFAIL 2). An
+// accepted step of a secant path divides abs(f) by about e, and the doubles
+// span about 1450 such factors; 4096 leaves room for rejected steps.
+constexpr double kMaxSteps = 4096.0;
 
 double tolerance(double tol, int ir, double x)
 {
@@ -61,11 +71,12 @@ ContinuationReport failure(ContinuationStatus s, int& ind)
 ContinuationReport propose(double& x, double* c, int& ind)
 {
     const double t = c[kFx] / c[kF0];
+    // rho lies in [2^-30, 1]: at most 31 halvings.
     for (;;) {
-        const double target = t * (1.0 - c[kRho]);
-        const double step = -(c[kFx] - target * c[kF0]) / c[kS];
+        const double step = -c[kRho] * c[kFx] / c[kS];
         x = c[kX] + step;
         if (std::isfinite(x)) {
+            c[kReq] = x;
             ind = 4;
             return {};
         }
@@ -98,22 +109,59 @@ ContinuationReport start_bracketing(double& x, double fx, double tol, int ir, do
     return {};
 }
 
+ContinuationReport changed(int& ind)
+{
+    const int given = ind;
+    ContinuationReport r = failure(ContinuationStatus::changed, ind);
+    r.iv = given;
+    return r;
+}
+
 ContinuationReport continue_bracketing(double& x, double fx, double tol, int ir, double* c,
                                        int& ind)
 {
+    if (c[9] != 0.0) {
+        // This search never re-enters the engine once its bracket has converged.
+        return changed(ind);
+    }
     double y = c[kY];
     int eind = 4;
-    zero_engine_step(x, y, fx, tol, ir, c, eind);
+    const ZeroReport r = zero_engine_step(x, y, fx, tol, ir, c, eind);
     c[kY] = y;
-    // Finished (exact zero, or the bracket cannot shrink further at machine
-    // precision: x is then as good as the arithmetic allows), or converged:
-    // the engine's final check is not needed here.
+    if (r.status == ZeroStatus::tolx_small && std::isfinite(r.v2) && std::isfinite(r.v3)) {
+        // The bracket cannot shrink further at machine precision: its best
+        // point is as good as the arithmetic allows.
+        x = r.v2;
+        ind = 0;
+        return {};
+    }
+    if (r.status != ZeroStatus::ok) {
+        return changed(ind);  // an engine state this search cannot have left
+    }
+    // Finished at an exact zero, or converged: the engine's final check is
+    // not needed here.
     ind = (eind == 0 || c[9] != 0.0) ? 0 : 4;
     return {};
 }
 
+// Whether c holds a continuation phase this search can have left.
+bool continuation_consistent(const double* c)
+{
+    for (int k : {kX0, kF0, kX, kFx, kS, kRho, kReq, kSteps}) {
+        if (!std::isfinite(c[k])) {
+            return false;
+        }
+    }
+    return c[kF0] != 0.0 && c[kFx] != 0.0 && same_sign(c[kFx], c[kF0]) && c[kS] != 0.0 &&
+           kRhoMin <= c[kRho] && c[kRho] <= 1.0 && 0.0 <= c[kSteps] && c[kSteps] < kMaxSteps;
+}
+
 ContinuationReport continuation_value(double& x, double fx, double tol, int ir, double* c, int& ind)
 {
+    if (!continuation_consistent(c)) {
+        return changed(ind);
+    }
+    x = c[kReq];
     const double xcur = c[kX], fcur = c[kFx];
     if (fx == 0.0) {
         ind = 0;
@@ -123,27 +171,35 @@ ContinuationReport continuation_value(double& x, double fx, double tol, int ir, 
         return start_bracketing(x, fx, tol, ir, c, ind);
     }
     const double t = fcur / c[kF0];
-    const double target = t * (1.0 - c[kRho]);
-    const double tnew = fx / c[kF0];
+    const double rho = c[kRho];
     const double dx = x - xcur;
     const double q = (fx - fcur) / dx;
     const bool usable_q = std::isfinite(q) && q != 0.0;
-    if (std::isfinite(fx) && tnew <= t - kSufficient * (t - target)) {
+    c[kSteps] += 1.0;
+    if (std::isfinite(fx) && std::fabs(fx) <= (1.0 - kSufficient * rho) * std::fabs(fcur) &&
+        std::fabs(fx) < std::fabs(fcur)) {
         // Accepted.
         c[kX] = x;
         c[kFx] = fx;
         if (usable_q) {
             c[kS] = q;
         }
-        if (std::fabs(dx) <= tolerance(tol, ir, x)) {
+        if (std::fabs(dx) / rho <= tolerance(tol, ir, x)) {
             ind = 0;
             return {};
         }
-        c[kRho] = std::fmin(1.0, 2.0 * c[kRho]);
+        if (c[kSteps] >= kMaxSteps) {
+            ContinuationReport r = failure(ContinuationStatus::no_progress, ind);
+            r.v1 = fx / c[kF0];
+            r.v2 = x;
+            return r;
+        }
+        c[kRho] = std::fmin(1.0, 2.0 * rho);
         return propose(x, c, ind);
     }
     // Rejected.
-    if (std::fabs(dx) <= tolerance(tol, ir, xcur) || c[kRho] * 0.5 < kRhoMin) {
+    if (std::fabs(dx) <= tolerance(tol, ir, xcur) || c[kRho] * 0.5 < kRhoMin ||
+        c[kSteps] >= kMaxSteps) {
         x = xcur;
         ContinuationReport r = failure(ContinuationStatus::no_progress, ind);
         r.v1 = t;
@@ -180,13 +236,15 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
         return r;
     }
     if (ind == 1 || ind == -1) {
-        if (!(x + scal != x) || !std::isfinite(scal)) {
+        // X, SCAL and X + SCAL finite (f is never asked for off the finite
+        // numbers), and X + SCAL /= X.
+        if (!(x + scal != x) || !std::isfinite(x + scal) || !std::isfinite(x)) {
             ContinuationReport r = failure(ContinuationStatus::scal_too_small, ind);
             r.v1 = x;
             r.v2 = scal;
             return r;
         }
-        c[kX0] = c[kX] = x;
+        c[kX0] = c[kX] = c[kReq] = x;
         c[kScal] = scal;
         c[kPhase] = 0.0;
         if (ind == 1) {
@@ -199,7 +257,12 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
     // The phase (read by comparison: a damaged array gives the IND error).
     const double ph = c[kPhase];
     const int phase = ph == 0.0 ? 0 : ph == 1.0 ? 1 : ph == 2.0 ? 2 : ph == 3.0 ? 3 : -1;
+    if ((phase == 0 || phase == 1) &&
+        !(std::isfinite(c[kX0]) && std::isfinite(c[kX0] + c[kScal]) && c[kScal] != 0.0)) {
+        return changed(ind);
+    }
     if (ind == 2 && phase == 0) {
+        x = c[kX0];
         if (fx == 0.0) {
             ind = 0;
             return {};
@@ -211,6 +274,7 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
         return {};
     }
     if (ind == 3 && phase == 1) {
+        x = c[kX0] + c[kScal];
         if (fx == 0.0) {
             ind = 0;
             return {};
@@ -228,6 +292,7 @@ ContinuationReport continuation_step(double& x, double fx, double tol, int ir, d
         }
         c[kS] = s;
         c[kRho] = 1.0;
+        c[kSteps] = 0.0;
         c[kPhase] = 2.0;
         // Start from the better of the two points.
         if (std::fabs(fx) < std::fabs(c[kF0])) {
@@ -268,6 +333,8 @@ void C05AXFN(double& x, double fx, double tol, int ir, double scal, double* c, i
             return fail(C05AXF_msg::NO_PROGRESS, r.v1, r.v2);
         case ContinuationStatus::zero_derivative:
             return fail(C05AXF_msg::ZERO_DERIVATIVE, r.v1);
+        case ContinuationStatus::changed:
+            return fail(C05AXF_msg::STATE_CHANGED, r.iv);
     }
 }
 

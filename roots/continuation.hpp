@@ -25,6 +25,7 @@ enum class ContinuationStatus {
     scal_too_small,   // v1 = X, v2 = SCAL
     no_progress,      // v1 = the homotopy parameter reached, v2 = X
     zero_derivative,  // v1 = X
+    changed,          // C not the array the last call left (iv = IND)
 };
 
 using ContinuationReport = Report<ContinuationStatus>;
@@ -33,10 +34,12 @@ using ContinuationReport = Report<ContinuationStatus>;
 ContinuationReport continuation_step(double& x, double fx, double tol, int ir, double scal,
                                      double* c, int& ind);
 
-// Difference step of the direct drivers.
+// Difference step of the direct drivers, towards the origin where X + SCAL
+// would overflow.
 inline double default_scal(double x)
 {
-    return std::sqrt(lbx::machine::eps) * std::fmax(1.0, std::fabs(x));
+    const double scal = std::sqrt(lbx::machine::eps) * std::fmax(1.0, std::fabs(x));
+    return std::isfinite(x + scal) ? scal : -scal;
 }
 
 // The computation of C05AWF and C05AJF (Msg is C05AWF_msg or C05AJF_msg).
@@ -48,6 +51,9 @@ void continuation_solve(double& x, double eps, double eta, Eval&& eval, int nfma
     }
     if (nfmax <= 0) {
         return fail(Msg::NFMAX_NOT_POSITIVE, nfmax);
+    }
+    if (!std::isfinite(x)) {
+        return fail(Msg::X_NOT_FINITE, x);
     }
     double c[26];
     int ind = 1;

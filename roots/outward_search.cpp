@@ -6,10 +6,18 @@
 // with the previous point on the same side, so the interval returned is the
 // pair of neighbouring points between which f changes sign.
 //
+// The probes stay in the finite numbers: bounds beyond them are taken as
+// -huge and +huge (the largest finite value). A side is also exhausted when
+// its next probe would not lie strictly beyond its last point, so every probe
+// on a side moves outward and the number of probes is bounded (the distance
+// from x0 doubles: about 2100 probes a side at most, from the smallest
+// spacing to the largest finite value).
+//
 // Layout of the communication array (Fortran numbering C(1) .. C(11)):
-//   C(1)  on a successful finish f(Y); otherwise unused
+//   C(1)  while searching the point requested (X is not read on re-entry);
+//         on a successful finish f(Y)
 //   C(2)  x0, the starting point        C(3)  f(x0)
-//   C(4)  H as given on initial entry   C(5)  BOUNDL   C(6)  BOUNDU
+//   C(4)  H as given on initial entry   C(5)  BOUNDL   C(6)  BOUNDU (within +-huge)
 //   C(7)  last point on the right       C(8)  f there
 //   C(9)  last point on the left        C(10) f there
 //   C(11) the pending request: 0 f(x0), 1 a probe on the right, -1 on the left
@@ -17,13 +25,16 @@
 
 #include <cmath>
 
+#include "frame/machine.hpp"
 #include "gen/roots.hpp"
 
 namespace lbx::roots {
 namespace {
 
-constexpr int kFy = 0, kX0 = 1, kF0 = 2, kH = 3, kLo = 4, kHi = 5, kXr = 6, kFr = 7, kXl = 8,
-              kFl = 9, kSide = 10;
+constexpr double kHuge = lbx::machine::huge;
+
+constexpr int kFy = 0, kPoint = 0, kX0 = 1, kF0 = 2, kH = 3, kLo = 4, kHi = 5, kXr = 6, kFr = 7,
+              kXl = 8, kFl = 9, kSide = 10;
 
 SearchReport fail_with(SearchStatus s, int& ind)
 {
@@ -48,9 +59,30 @@ double next_probe(const double* c, int side)
     return (p < c[kLo]) ? c[kLo] : p;
 }
 
+// A side is exhausted when its next probe would not lie strictly beyond its
+// last point (it has reached its bound, or rounding stops the doubling).
 bool exhausted(const double* c, int side)
 {
-    return (side > 0) ? c[kXr] >= c[kHi] : c[kXl] <= c[kLo];
+    const double p = next_probe(c, side);
+    return (side > 0) ? !(p > c[kXr]) : !(p < c[kXl]);
+}
+
+// Whether c can be the array the last call left, with a request pending.
+bool consistent(const double* c)
+{
+    const double lo = c[kLo], hi = c[kHi], x0 = c[kX0], xl = c[kXl], xr = c[kXr], p = c[kPoint];
+    const double side = c[kSide];
+    if (!(-kHuge <= lo && lo < hi && hi <= kHuge && lo <= xl && xl <= x0 && x0 <= xr && xr <= hi &&
+          std::isfinite(c[kH]) && c[kH] != 0.0)) {
+        return false;
+    }
+    if (side == 0.0) {
+        return p == x0;
+    }
+    if (side == 1.0) {
+        return xr < p && p <= hi;
+    }
+    return side == -1.0 && lo <= p && p < xl;
 }
 
 // Ask for the next probe, preferring the side other than 'last_side'.
@@ -69,7 +101,7 @@ SearchReport request_next(double& x, double& y, double* c, int& ind, int last_si
         return r;
     }
     c[kSide] = side;
-    x = next_probe(c, side);
+    x = c[kPoint] = next_probe(c, side);
     ind = 2;
     return {};
 }
@@ -126,10 +158,10 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
             r.v4 = boundu;
             return r;
         }
-        c[kX0] = x;
+        c[kX0] = c[kPoint] = x;
         c[kH] = h;
-        c[kLo] = boundl;
-        c[kHi] = boundu;
+        c[kLo] = std::fmax(boundl, -kHuge);
+        c[kHi] = std::fmin(boundu, kHuge);
         c[kXr] = c[kXl] = x;
         c[kSide] = 0.0;
         if (ind == 1) {
@@ -137,9 +169,14 @@ SearchReport search_engine_step(double& x, double fx, double h, double boundl, d
             return {};
         }
         // ind == -1: fx = f(x0) is supplied; continue below.
+    } else if (!consistent(c)) {
+        SearchReport r = fail_with(SearchStatus::changed, ind);
+        r.iv = 2;
+        return r;
     }
 
-    // The pending request (read by comparison: a damaged array stays harmless).
+    // The pending request, at the point requested.
+    x = c[kPoint];
     const int side = c[kSide] > 0.0 ? 1 : (c[kSide] < 0.0 ? -1 : 0);
     if (side == 0) {
         // The value at the starting point.
@@ -188,6 +225,8 @@ void C05AVFN(double& x, double fx, double h, double boundl, double boundu, doubl
             return fail(C05AVF_msg::IND_INVALID, r.iv);
         case SearchStatus::no_sign_change:
             return fail(C05AVF_msg::NO_SIGN_CHANGE, r.v1, r.v2);
+        case SearchStatus::changed:
+            return fail(C05AVF_msg::STATE_CHANGED, r.iv);
     }
 }
 

@@ -23,6 +23,7 @@ enum class SearchStatus {
     both_outside,    // X + H and X - H both outside the bounds (v1 .. v4)
     ind_invalid,     // iv = IND
     no_sign_change,  // bounds exhausted; v1, v2 the last interval searched
+    changed,         // C not the array the last call left (iv = IND)
 };
 
 using SearchReport = Report<SearchStatus>;

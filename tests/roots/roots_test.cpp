@@ -5,6 +5,7 @@
 // test battery: test_roots_battery.cpp.
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <cmath>
 #include <functional>
 #include <vector>
@@ -22,17 +23,20 @@ using lbx::test::traced;
 
 const double kNaN = std::nan(""), kInf = INFINITY;
 
-// The user function of the direct routines, counting its calls.
+// The user function of the direct routines, counting its calls; never
+// called off the finite numbers.
 Fn g_fn;
 int g_calls = 0;
 double user(const double* x, int*, double*)
 {
     ++g_calls;
+    EXPECT_TRUE(std::isfinite(*x)) << *x;
     return g_fn(*x);
 }
 double older(const double* x)
 {
     ++g_calls;
+    EXPECT_TRUE(std::isfinite(*x)) << *x;
     return g_fn(*x);
 }
 
@@ -40,6 +44,7 @@ const Fn sq2 = [](double x) { return x * x - 2.0; };
 const Fn plus1 = [](double x) { return x * x + 1.0; };
 const Fn pole = [](double x) { return 1.0 / (x - 0.3); };
 const Fn expx = [](double x) { return std::exp(-x) - x; };
+const Fn expm1 = [](double x) { return std::exp(x) - 1; };
 Fn line(double z)
 {
     return [z](double x) { return x - z; };
@@ -65,28 +70,73 @@ R expect_end(R r, double x, int evals, double want, double err)
     return r;
 }
 
-// One entry of C05AZF at X = 1, Y = 2 with f(Y) in C(1).
-R azf(double fx, double c1, double tolx, int ir, int ind)
+// One entry of C05AZF at X, Y (1 and 2 unless given) with f(Y) in C(1).
+R azf(double fx, double c1, double tolx, int ir, int ind, double x = 1, double y = 2)
 {
-    double x = 1, y = 2, c[10] = {c1};
+    double c[10] = {c1};
     const R r =
         traced([&](char* e, int* i) { c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, e, i, 200); });
     EXPECT_EQ(ind == 0, r.ifail != 0) << "IND " << ind;
     return r;
 }
 
-// C05AZF from IND = 1 to the end; intermediate returns leave IFAIL = 0.
+// C05AZF from IND = 1 to the end; intermediate returns leave IFAIL = 0. A
+// failing last entry leaves X and Y as they stood.
 R azf_run(Fn f, double x, double y, double tolx, double want = kNaN)
 {
-    double fx = 0, c[10];
+    double fx = 0, c[10], x_in = x, y_in = y;
     int ind = 1, ifail = 0, ir = 1;
     char errbuf[200];
     do {
+        x_in = x;
+        y_in = y;
         c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
         EXPECT_TRUE(ind == 0 || ifail == 0);
         fx = f(x);
     } while (ind != 0);
+    if (ifail != 0 && ifail != 4) {
+        EXPECT_EQ(x, x_in);
+        EXPECT_EQ(y, y_in);
+    }
     return expect_end(lbx::test::split(errbuf, ifail), x, -1, want, 2 * tolx);
+}
+
+// C05AZF from IND = 1 at X = 1, Y = 2 on x^2 - 2 with TOLX = tolx; after
+// entry k the caller changes C, TOLX or Y (change(c, tolx, y)). Ends within
+// 2 TOLX of sqrt(2) unless it fails. k = 0: after the entry that asks for the
+// final value.
+R azf_changed(double tolx, int k, std::function<void(double*, double&, double&)> change)
+{
+    double x = 1, y = 2, fx = 0, c[10];
+    int ind = 1, ir = 1, ifail = 0, n = 0;
+    char errbuf[200];
+    do {
+        c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
+        fx = sq2(x);
+        if (++n == k || (k == 0 && c[9] == 1 && ind == 4)) {
+            change(c, tolx, y);
+            k = -1;
+        }
+    } while (ind != 0 && n < 10000);
+    EXPECT_EQ(ind, 0);
+    if (ifail == 0)
+        EXPECT_LE(std::fabs(x - 1.414213562373095049), 2 * tolx);
+    return lbx::test::split(errbuf, ifail);
+}
+
+// C05AZF from X = 1, Y = 2 (C(1) = f(Y) for IND = -1), the values fx handed
+// in one entry after another; X and Y at the end must be want_x, want_y.
+R azf_points(int ind, std::vector<double> fx, double c1, double want_x, double want_y)
+{
+    double x = 1, y = 2, tolx = 1e-8, c[10] = {c1};
+    int ir = 1, ifail = 0;
+    char errbuf[200];
+    for (double v : fx)
+        c05azft_(&x, &y, &v, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
+    EXPECT_EQ(ind, 0);
+    EXPECT_EQ(x, want_x);
+    EXPECT_EQ(y, want_y);
+    return lbx::test::split(errbuf, ifail);
 }
 
 // C05AZF from X = 0, Y = 1 with the values fx handed in one entry after another.
@@ -123,6 +173,25 @@ R adf(Fn f, double a, double b, double eps)
         [&](char* e, int* i) { c05adft_(&a, &b, &eps, &eta, older, c05adf_fh_, &x, e, i, 200); });
 }
 
+// C05AVF from IND = 1 to the end on f, at most 5000 entries, every point
+// requested finite; after entry k the caller changes X or C (change(x, c)).
+R avf_run(Fn f, double x, double h, double lo, double hi, int k = -1,
+          std::function<void(double&, double*)> change = nullptr)
+{
+    double y = 0, fx = 0, c[11];
+    int ind = 1, n = 0;
+    return traced([&](char* e, int* i) {
+        do {
+            c05avft_(&x, &fx, &h, &lo, &hi, &y, c, &ind, e, i, 200);
+            EXPECT_TRUE(std::isfinite(x)) << x;
+            fx = f(x);
+            if (++n == k)
+                change(x, c);
+        } while (ind != 0 && n < 5000);
+        EXPECT_EQ(ind, 0);
+    });
+}
+
 // One entry of C05AVF with f(X) = 1.
 R avf(double x, double h, double lo, double hi, int ind = 1)
 {
@@ -154,27 +223,32 @@ R agf(Fn f, double x, double h, double eps)
     });
 }
 
-// One entry of C05AXF at X = 1 with f(X) = 1.
-R axf(double tol, double scal, int ir, int ind)
+// One entry of C05AXF at X (1 unless given) with f(X) = 1.
+R axf(double tol, double scal, int ir, int ind, double x = 1)
 {
-    double x = 1, fx = 1, c[26] = {};
+    double fx = 1, c[26] = {};
     const R r =
         traced([&](char* e, int* i) { c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, e, i, 200); });
     EXPECT_EQ(ind == 0, r.ifail != 0) << "IND " << ind;
     return r;
 }
 
-// C05AXF from IND = 1 at X = 1 to the end; X never infinite.
-R axf_run(Fn f, double* x_end = nullptr)
+// C05AXF from IND = 1 at X = x0 to the end, at most 5000 entries; X never
+// infinite. After entry k the caller changes X or C (change(x, c)).
+R axf_run(Fn f, double* x_end = nullptr, double x0 = 1, int k = -1,
+          std::function<void(double&, double*)> change = nullptr)
 {
-    double x = 1, fx = 0, tol = 1e-10, scal = 1e-3, c[26];
+    double x = x0, fx = 0, tol = 1e-10, scal = 1e-3, c[26];
     int ir = 0, ind = 1, ifail = 0, calls = 0;
     char errbuf[200];
     do {
         c05axft_(&x, &fx, &tol, &ir, &scal, c, &ind, errbuf, &ifail, 200);
         EXPECT_TRUE(std::isfinite(x));
         fx = f(x);
+        if (calls + 1 == k)
+            change(x, c);
     } while (ind != 0 && ++calls < 5000);
+    EXPECT_EQ(ind, 0);
     if (x_end)
         *x_end = x;
     return lbx::test::split(errbuf, ifail);
@@ -193,10 +267,10 @@ R awf(Fn f, double x, double eps, int nfmax, double want = kNaN, double err = 0,
     return expect_end(r, x, evals, want, err);
 }
 
-R ajf(Fn f, double eps, int nfmax)
+R ajf(Fn f, double eps, int nfmax, double x = 1)
 {
     g_fn = f;
-    double x = 1, eta = 0;
+    double eta = 0;
     return traced(
         [&](char* e, int* i) { c05ajft_(&x, &eps, &eta, older, c05ajf_fh_, &nfmax, e, i, 200); });
 }
@@ -223,6 +297,11 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(-1.5), e(0)}, "zero in C(1)"},
             T{"C05AZF", "SAME_SIGN", [] { return azf(kNaN, -1, 1e-8, 1, -1); },
               {e(kNaN), e(-1)}, "NaN is not positive"},
+            // The set-up's exchange of X and Y stands on the same-sign failure.
+            T{"C05AZF", "SAME_SIGN", [] { return azf_points(-1, {1}, 3, 2, 1); },
+              {e(1), e(3)}, "IND = -1: X, Y exchanged"},
+            T{"C05AZF", "SAME_SIGN", [] { return azf_points(1, {0, 1, 3}, 0, 2, 1); },
+              {e(1), e(3)}, "IND = 3: X, Y as they stood"},
             T{"C05AZF", "", [] { return azf(2, 0, 1e-8, 1, -1); }, {}, "f(X) > 0, f(Y) = 0"},
             T{"C05AZF", "", [] { return azf(kNaN, 1, 1e-8, 1, -1); }, {}, "NaN, f(Y) > 0"},
             T{"C05AZF", "", [] { return azf(-1, 2, 1e-8, 1, -1); }},
@@ -234,6 +313,31 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(-2.5)}, "before IR"},
             T{"C05AZF", "TOLX_NOT_POSITIVE", [] { return azf(1, -1, kNaN, 1, 4); }, {e(kNaN)}},
             T{"C05AZF", "IR_INVALID", [] { return azf(1, -1, 1e-8, -1, 4); }, {"-1"}},
+            T{"C05AZF", "POINT_NOT_FINITE", [] { return azf(1, -1, 1e-8, 1, 1, kInf, 2); },
+              {"Infinity", e(2)}, "never f(Inf)"},
+            T{"C05AZF", "POINT_NOT_FINITE", [] { return azf(1, -1, 1e-8, 1, -1, 1, kNaN); },
+              {e(1), e(kNaN)}},
+            T{"C05AZF", "IR_INVALID", [] { return azf(1, -1, 1e-8, 3, 1, kNaN, 2); }, {"3"},
+              "before X, Y"},
+            T{"C05AZF", "POINT_NOT_FINITE",
+              [] { return azf_changed(1e-8, 1, [](double*, double&, double& y) { y = -kInf; }); },
+              {e(1), "-Infinity"}, "Y changed before IND = 2"},
+            // a and c of one sign: no bracket left to converge in.
+            T{"C05AZF", "STATE_CHANGED",
+              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) {
+                       c[6] = 1.1, c[7] = -0.79, c[2] = 1.2, c[1] = -0.56;
+                   }); },
+              {"4"}},
+            T{"C05AZF", "STATE_CHANGED",
+              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) { c[9] = 0.5; }); },
+              {"4"}},
+            // The final entry checks the convergence again.
+            T{"C05AZF", "",
+              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) { c[9] = 1; }); },
+              {}, "C(10) set before convergence"},
+            T{"C05AZF", "",
+              [] { return azf_changed(1e-3, 0, [](double*, double& tolx, double&) { tolx = 1e-13; }); },
+              {}, "TOLX made smaller before the final entry"},
             T{"C05AZF", "", [] { return azf(1, -1, 1e-8, 0, 3); }, {}, "IR = 0"},
             T{"C05AZF", "POLE", [] { return azf_run(pole, 0, 1, 1e-10); }},
             T{"C05AZF", "TOLX_TOO_SMALL", [] { return azf_run(sq2, 1, 2, 1e-300); }, {e(1e-300)}},
@@ -253,9 +357,13 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(kNaN), e(-1.25)}, "NaN at A, - at B"},
             T{"C05AYF", "", [] { return ayf(nan_left(1), 0, 2, 1e-10, -1, 0.75, 2e-10); }},
             T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(sq2, 1, 2, 1e-300); }, {e(1e-300)}},
-            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), kNaN, 1, 1e-10, 2); }},
-            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), -kInf, 1, 1e-10, 2); }},
-            T{"C05AYF", "EPS_TOO_SMALL", [] { return ayf(atan_at(0.5), 0, kInf, 1e-10, 2); }},
+            // Never F at a point off the finite numbers.
+            T{"C05AYF", "END_NOT_FINITE", [] { return ayf(atan_at(0.5), kNaN, 1, 1e-10, 0); },
+              {e(kNaN), e(1)}},
+            T{"C05AYF", "END_NOT_FINITE", [] { return ayf(atan_at(0.5), -kInf, 1, 1e-10, 0); }},
+            T{"C05AYF", "END_NOT_FINITE", [] { return ayf(atan_at(0.5), 0, kInf, 1e-10, 0); },
+              {e(0), "Infinity"}},
+            T{"C05AYF", "A_EQUALS_B", [] { return ayf(atan_at(0.5), kInf, kInf, 1e-10, 0); }},
             T{"C05AYF", "POLE", [] { return ayf(pole, 0, 1, 1e-10); }},
             T{"C05AYF", "", [] { return ayf(line(1), 1, 3, 1e-8, 1, 1); }, {}, "zero at A"},
             T{"C05AYF", "", [] { return ayf(line(3), 1, 3, 1e-8, 2, 3); }, {}, "zero at B"},
@@ -270,6 +378,7 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05ADF", "SAME_SIGN", [] { return adf(sq2, 2, 3, 1e-6); }, {e(2), e(7)}},
             T{"C05ADF", "EPS_TOO_SMALL", [] { return adf(sq2, 1, 2, 1e-300); }},
             T{"C05ADF", "POLE", [] { return adf(pole, 0, 1, 1e-10); }},
+            T{"C05ADF", "END_NOT_FINITE", [] { return adf(sq2, 1, kNaN, 1e-6); }},
             T{"C05AVF", "BOUNDS_ORDER", [] { return avf(3, 0, 2, 2); }, {e(2), e(2)}, "before X, H"},
             T{"C05AVF", "BOUNDS_ORDER", [] { return avf(0, 1, 2, 1); }, {e(2), e(1)}},
             T{"C05AVF", "X_OUTSIDE", [] { return avf(3, 0, -1, 2); },
@@ -297,6 +406,25 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
                   });
               },
               {e(-3), e(5)}},
+            // Bounds beyond the finite numbers: the probes stop at +-huge.
+            T{"C05AVF", "NO_SIGN_CHANGE", [] { return avf_run(plus1, 0, 1, -kInf, kInf); },
+              {"-1.79769313486232E+308", e(DBL_MAX)}},
+            T{"C05AVF", "",
+              [] { return avf_run([](double x) { return x - 1e300; }, 1e-300, 1e-300, 0, kInf); },
+              {}, "from 1e-300 to beyond 1e300"},
+            // X is not read on re-entry: the search goes on at the point requested.
+            T{"C05AVF", "",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 2, [](double& x, double*) { x = kNaN; }); },
+              {}, "X changed"},
+            T{"C05AVF", "STATE_CHANGED",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 2, [](double&, double* c) { c[10] = 0.5; }); },
+              {"2"}},
+            T{"C05AVF", "STATE_CHANGED",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 3, [](double&, double* c) { c[6] = kNaN; }); },
+              {"2"}, "a NaN probe"},
+            T{"C05AVF", "STATE_CHANGED",
+              [] { return avf_run(line(5.5), 0, 1, -10, 10, 3, [](double&, double* c) { c[0] = 20; }); },
+              {"2"}, "the point requested beyond BOUNDU"},
             T{"C05AUF", "EPS_NOT_POSITIVE", [] { return auf(sq2, 1, 0, -1); }, {e(-1)}, "before H"},
             T{"C05AUF", "EPS_NOT_POSITIVE", [] { return auf(sq2, 1, 0.1, 0); }},
             T{"C05AUF", "H_TOO_SMALL", [] { return auf(sq2, 1, 1e-17, 1e-6); }, {e(1), e(1e-17)}},
@@ -304,6 +432,9 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AUF", "NO_SIGN_CHANGE", [] { return auf(plus1, 1, 0.5, 1e-6, 23, 1); },
               {e(-511), e(513)}},
             T{"C05AUF", "EPS_TOO_SMALL", [] { return auf(sq2, 1, 0.1, 1e-300); }},
+            // X + 1024 H beyond the largest finite value: F is never called at Inf.
+            T{"C05AUF", "NO_SIGN_CHANGE", [] { return auf(plus1, 1e308, 1e306, 1e-6, -1, 1e308); },
+              {"-1.79769313486232E+308", e(DBL_MAX)}},
             T{"C05AUF", "POLE", [] { return auf(pole, 0.25, 0.5, 1e-10); }},
             T{"C05AUF", "",
               [] { return auf([](double x) { return x * x * x - 2 * x - 5; }, 1, 0.1, 1e-12, -1,
@@ -323,6 +454,30 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AXF", "IR_INVALID", [] { return axf(1e-8, 0, 3, 1); }, {"3"}, "before SCAL"},
             T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 1e-17, 1, -1); }, {e(1), e(1e-17)}},
             T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 0, 1, 1); }},
+            T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, 1e-3, 1, 1, kNaN); },
+              {"NaN", e(1e-3)}, "X not finite"},
+            T{"C05AXF", "SCAL_TOO_SMALL", [] { return axf(1e-8, DBL_MAX, 1, -1, DBL_MAX); },
+              {e(DBL_MAX), e(DBL_MAX)}, "X+SCAL overflows"},
+            // No zero, abs(f) falling to a floor: f(x)/f(x0) underflows, the walk ends.
+            T{"C05AXF", "NO_PROGRESS",
+              [] { return axf_run([](double x) { return std::exp(x) + 4.9e-324; }); }},
+            T{"C05AXF", "NO_PROGRESS",
+              [] { return axf_run([](double x) { return std::exp(x) + 1e-20; }, nullptr, 700); }},
+            // The cap on values in the continuation phase (C(21) counts them).
+            T{"C05AXF", "NO_PROGRESS",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double&, double* c) { c[20] = 4095; }); }},
+            // X is not read on re-entry.
+            T{"C05AXF", "",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double& x, double*) { x = kNaN; }); }},
+            T{"C05AXF", "STATE_CHANGED",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double&, double* c) { c[16] = kNaN; }); },
+              {"4"}, "NaN difference quotient"},
+            T{"C05AXF", "STATE_CHANGED",
+              [] { return axf_run(expm1, nullptr, 10, 4, [](double&, double* c) { c[17] = kInf; }); },
+              {"4"}, "infinite rho"},
+            T{"C05AXF", "STATE_CHANGED",
+              [] { return axf_run(sq2, nullptr, 1, 4, [](double&, double* c) { c[9] = 1; }); },
+              {"4"}, "C(10) set while bracketing"},
             T{"C05AXF", "", [] { return axf(1e-8, 1e-3, 2, 1); }, {}, "IR = 2"},
             T{"C05AXF", "NO_PROGRESS",
               [] {
@@ -353,6 +508,8 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {e(0)}, "before NFMAX"},
             T{"C05AWF", "NFMAX_NOT_POSITIVE", [] { return awf(expx, 1, 1e-8, -4); }, {"-4"}},
             T{"C05AWF", "NFMAX_NOT_POSITIVE", [] { return awf(expx, 1, 1e-8, 0); }, {"0"}},
+            T{"C05AWF", "X_NOT_FINITE", [] { return awf(expx, kNaN, 1e-8, 10, kNaN, 0, 0, 0); },
+              {"NaN"}},
             T{"C05AWF", "TOO_MANY_CALLS", [] { return awf(expx, 1, 1e-12, 3, kNaN, 0, 0, 3); },
               {"3"}},
             T{"C05AWF", "NO_PROGRESS",
@@ -378,6 +535,9 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AJF", "NFMAX_NOT_POSITIVE", [] { return ajf(expx, 1e-8, 0); }, {"0"}},
             T{"C05AJF", "TOO_MANY_CALLS", [] { return ajf(expx, 1e-12, 3); }, {"3"}},
             T{"C05AJF", "NO_PROGRESS", [] { return ajf(plus1, 1e-10, 200); }},
+            T{"C05AJF", "X_NOT_FINITE", [] { return ajf(expx, 1e-8, 10, -kInf); }, {"-Infinity"}},
+            // From the largest double: the first difference step points inward.
+            T{"C05AJF", "", [] { return ajf(line(1), 1e-10, 50, DBL_MAX); }},
         });
 }
 
