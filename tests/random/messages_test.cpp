@@ -114,11 +114,11 @@ Raised tjf(int mode, int n, double lambda, std::vector<double> r, std::vector<in
     });
 }
 
-std::vector<double> reference(double lambda)
+std::vector<double> reference(double lambda, int lr = 100)
 {
-    std::vector<double> r(100);
+    std::vector<double> r(lr);
     std::vector<int> s = good(1), x(1);
-    int mode = 0, n = 0, lr = 100, ifail = 1;
+    int mode = 0, n = 0, ifail = 1;
     g05tjf_(&mode, &n, &lambda, r.data(), &lr, s.data(), x.data(), &ifail);
     return r;
 }
@@ -241,7 +241,11 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05TJF", "LR_SMALL", [] { return tjf(0, 1, 5.0, std::vector<double>(3), good(1)); }, {}, "LR short, MODE 0"},
         T{"G05TJF", "R_CORRUPT", [] { return tjf(1, 1, 5.0, std::vector<double>(3), good(1)); }, {}, "R not set up"},
         T{"G05TJF", "R_CORRUPT", [] { std::vector<double> r = reference(5.0); r[3] = 1e9; return tjf(1, 1, 5.0, r, good(1)); }, {}, "R damaged"},
+        T{"G05TJF", "R_CORRUPT", [] { std::vector<double> r = reference(1e6, 20100); r[4] = 0.5; return tjf(1, 1, 1e6, r, good(1)); }, {}, "R(5) damaged: no walk below the table"},
         T{"G05TJF", "STATE_CORRUPT", [] { return tjf(1, 1, 5.0, reference(5.0), damaged(1)); }, {}, "STATE, MODE 1"},
+        T{"G05TJF", "GENERATOR_STUCK", [] { return tjf(3, 5, 10.0, {0.0}, with(good(6), 15, 1)); }, {"1000"}, "MRG32k3a flagged as leap-frogged, no step matrices"},
+        T{"G05TJF", "", [] { return tjf(3, 5, 9.5, {0.0}, with(good(6), 15, 1)); }, {}, "the same, sequential search"},
+        T{"G05TJF", "", [] { return tjf(2, 5, 1e6, std::vector<double>(20100), with(good(6), 15, 1)); }, {}, "the same, table"},
         T{"G05TJF", "", [] { return tjf(0, 1, 5.0, std::vector<double>(200), damaged(1)); }, {}, "MODE 0 does not need STATE"},
         T{"G05TJF", "", [] { return tjf_exact_length(5.0); }, {}, "LR as long as required"},
         T{"G05TJF", "", [] { return tjf_exact_length(1e4); }, {}, "LR as long as required"},
