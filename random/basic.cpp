@@ -13,10 +13,13 @@ namespace {
 constexpr std::uint64_t kMask60 = (std::uint64_t{1} << 60) - 1;
 constexpr std::uint64_t kMultiplier = 302875106592253;  // 13^13
 
+// The 60-bit number whose 15-bit digits are the low 15 bits of d[0..3].
 std::uint64_t get60(const int* d)
 {
-    return static_cast<std::uint64_t>(d[0]) | static_cast<std::uint64_t>(d[1]) << 15 |
-           static_cast<std::uint64_t>(d[2]) << 30 | static_cast<std::uint64_t>(d[3]) << 45;
+    std::uint64_t v = 0;
+    for (int i = 3; i >= 0; --i)
+        v = v << 15 | (static_cast<std::uint64_t>(d[i]) & 0x7fff);
+    return v;
 }
 
 void put60(int* d, std::uint64_t v)
@@ -25,10 +28,12 @@ void put60(int* d, std::uint64_t v)
         d[i] = static_cast<int>((v >> (15 * i)) & 0x7fff);
 }
 
-// x * 2^-60 rounded once; a value that rounds up to 1 is held at the largest double below 1.
+// x * 2^-60 rounded once; a value that rounds up to 1 is held at the largest double below 1,
+// and x = 0 (never reached from a seed: x = 2 mod 4 there) gives 2^-60.
 inline double to_unit(std::uint64_t x)
 {
-    return std::min(static_cast<double>(static_cast<std::int64_t>(x)) * 0x1p-60, kBelowOne);
+    return std::clamp(static_cast<double>(static_cast<std::int64_t>(x)) * 0x1p-60, 0x1p-60,
+                      kBelowOne);
 }
 
 std::uint64_t pow_mod(std::uint64_t a, std::uint64_t e)
@@ -89,17 +94,6 @@ void fill(int* state, double* out, int n)
         out[i] = to_unit(x);
     }
     put60(state + 4, x);
-}
-
-bool plausible(const int* state)
-{
-    if (state[0] != kBlockBasic + 3)
-        return false;
-    for (int i = 4; i < 12; ++i) {
-        if (state[i] < 0 || state[i] > 0x7fff)
-            return false;
-    }
-    return (state[4] & 3) == 2 && (state[8] & 3) == 1;
 }
 
 void skip(int* state, std::uint64_t n)

@@ -80,6 +80,11 @@ int minimum_lstate(int genid)
     return block_length(genid, 1) + 3;
 }
 
+bool generator_length(int genid, int n)
+{
+    return n == block_length(genid, 1) + 3 || (genid == 3 && n == kBlockMtLong + 3);
+}
+
 int seed_words_needed(int genid)
 {
     switch (genid) {
@@ -177,28 +182,6 @@ void fill_uniform(int* state, double* x, int n)
         default:
             mrg::fill(state, x, n);
             break;
-    }
-}
-
-bool block_plausible(const int* state)
-{
-    const int genid = state[2];
-    const int block = state[0] - 3;
-    if (block < 4 || state[block - 1] != kCheck[genid])
-        return false;
-    switch (genid) {
-        case 1:
-            return basic::plausible(state);
-        case 2:
-            return wh::plausible(state);
-        case 3:
-            return mt::plausible(state);
-        case 4:
-            return wh2::plausible(state);
-        case 5:
-            return acorn::plausible(state);
-        default:
-            return mrg::plausible(state);
     }
 }
 

@@ -313,10 +313,18 @@ void jump(int* state, const Poly& g_to_ahead_minus_one_from_window)
     state[kIndex] = 0;
 }
 
+// The index of the next word as the engine reads it: a value outside 0..624 (no
+// initialisation or draw leaves one) is taken as 624, so the next draw regenerates the words.
+int next_index(const int* state)
+{
+    const int i = state[kIndex];
+    return i >= 0 && i <= kN ? i : kN;
+}
+
 // Makes the index < 624 (regenerating if the words are used up).
 void normalise(int* state)
 {
-    if (state[kIndex] == kN) {
+    if (next_index(state) == kN) {
         twist(words(state));
         state[kIndex] = 0;
     }
@@ -341,7 +349,7 @@ void init(const std::vector<std::uint32_t>& w, int* state, int block)
 void fill(int* state, double* out, int n)
 {
     u32* mt = words(state);
-    int mti = state[kIndex];
+    int mti = next_index(state);
     const int stride = trailer_stride(state);
     if (stride == 1) {
         int i = 0;
@@ -369,20 +377,12 @@ void fill(int* state, double* out, int n)
     state[kIndex] = mti;
 }
 
-bool plausible(const int* state)
-{
-    const int len = state[0];
-    if (len != kBlockMtShort + 3 && len != kBlockMtLong + 3)
-        return false;
-    return state[kIndex] >= 0 && state[kIndex] <= kN;
-}
-
 void skip(int* state, std::uint64_t n)
 {
     const u64 raw = n * static_cast<u64>(trailer_stride(state));
     if (raw == 0)
         return;
-    int mti = state[kIndex];
+    int mti = next_index(state);
     if (raw < kStepThreshold) {
         advance_raw(words(state), mti, raw);
         state[kIndex] = mti;
@@ -415,7 +415,7 @@ bool leap(int* state, int n, int k)
     const u64 stride = static_cast<u64>(trailer_stride(state));
     if (stride * static_cast<u64>(n) > 2147483647u)
         return false;
-    int mti = state[kIndex];
+    int mti = next_index(state);
     advance_raw(words(state), mti, static_cast<u64>(k - 1) * stride);
     state[kIndex] = mti;
     trailer_stride(state) = static_cast<int>(stride * static_cast<u64>(n));

@@ -235,14 +235,8 @@ void G05TJFN(int mode, int n, double lambda, double* r, int lr, int* state, int*
             return fail(G05TJF_msg::LR_SMALL, lr, need);
     }
     if (mode != 0 && n > 0) {
-        switch (check_state(state, lstate)) {
-            case StateStatus::length_fault:
-                return fail(G05TJF_msg::LSTATE_MISMATCH, lstate);
-            case StateStatus::state_fault:
-                return fail(G05TJF_msg::STATE_CORRUPT);
-            case StateStatus::ok:
-                break;
-        }
+        if (!state_usable<G05TJF_msg>(state, lstate, fail))
+            return;
     }
     if (mode == 0 || mode == 2)
         set_up(lambda, r);
