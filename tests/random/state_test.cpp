@@ -128,23 +128,26 @@ TEST(RandomState, EveryRoutineEndsOnAnyBlock)
         double every;                   // > 0: the value of every uniform
     };
     const Block blocks[] = {
-        {1, 4, 7, 0, 0x1p-60},                          // x = 0
-        {1, 8, 11, 0, 0x1p-60},                         // multiplier 0: x = 0 from the first draw
-        {1, 4, 4, -1, 0},                               // a digit outside 0..32767: its low 15 bits
-        {2, 12, 12, 0, 0},                              // modulus word 0
-        {2, 13, 13, 1, 0},                              // modulus 1
-        {2, 14, 14, -1, 0},                             // modulus 2^32 - 1
-        {2, 4, 7, 0, 0x1p-53},                          // every x = 0
-        {4, 8, 8, 0, 0},                                // multiplier 0
-        {4, 12, 15, 0, 0x1p-53}, {3, 627, 627, -5, 0},  // word index below 0
-        {3, 627, 627, 700, 0},   {3, 3, 626, 0, 0x1p-33},  // every word 0
-        {5, 5, 15, 0, 0x1p-31},                            // every Y 0
-        {5, 3, 4, 0, 0},                                   // order and modulus words are not read
-        {6, 15, 15, 1, mrg_top},                           // leap-frog flag without step matrices
-        {6, 3, 8, 0, mrg_top},                             // x = y = 0
-        {6, 3, 8, -1, 0},                                  // words above the moduli
-        {6, 15, 15, 7, 0},                                 // flag 7 with step matrices 0xffffffff
-        {6, 16, 33, -1, 0},
+        {1, 4, 7, 0, 0x1p-60},          // x = 0
+        {1, 8, 11, 0, 0x1p-60},         // multiplier 0: x = 0 from the first draw
+        {1, 4, 4, -1, 0},               // a digit outside 0..32767: its low 15 bits
+        {2, 12, 12, 0, 0},              // modulus word 0
+        {2, 13, 13, 1, 0},              // modulus 1
+        {2, 14, 14, -1, 0},             // modulus 2^32 - 1
+        {2, 4, 7, 0, 0x1p-53},          // every x = 0
+        {4, 8, 8, 0, 0},                // multiplier 0
+        {4, 12, 15, 0, 0x1p-53},        // every modulus word 0
+        {3, 627, 627, -5, 0},           // word index below 0
+        {3, 627, 627, 700, 0},          // word index above 624
+        {3, 3, 626, 0, 0x1p-33},        // every word 0
+        {3, 1257, 1257, 715827882, 0},  // a stride set by hand: each draw moves 715827882 words
+        {5, 5, 15, 0, 0x1p-31},         // every Y 0
+        {5, 3, 4, 0, 0},                // order and modulus words are not read
+        {6, 15, 15, 1, mrg_top},        // leap-frog flag without step matrices
+        {6, 3, 8, 0, mrg_top},          // x = y = 0
+        {6, 3, 8, -1, 0},               // words above the moduli
+        {6, 15, 15, 7, 0},              // flag 7 with step matrices 0xffffffff
+        {6, 16, 33, -1, 0},             // step matrices 0xffffffff, flag 0: not read
     };
     for (const Block& b : blocks) {
         std::vector<int> base = rt::make(b.genid, {31}, 1, 1260);
