@@ -380,22 +380,23 @@ void fill(int* state, double* out, int n)
             advance_raw(mt, mti, static_cast<u64>(stride));
         }
     } else {
-        // Each move is a jump; the one from index 0, t^(stride - 1), is computed once per call.
+        // Each move is a jump: from index 0 by t^(stride - 1), computed once per call; only the
+        // first draw can start elsewhere. Everything is allocated before STATE changes, so an
+        // allocation failure leaves it as it was.
+        const int first = mti < kN ? mti : 0;
         std::vector<u32> acc(kN);
-        Poly from_start;
+        Poly from_start, from_first;
+        if (first != 0)
+            from_first = t_power(static_cast<u64>(stride) + static_cast<u64>(first) - 1);
+        if (first == 0 || n > 1)
+            from_start = t_power(static_cast<u64>(stride) - 1);
         for (int i = 0; i < n; ++i) {
             if (mti >= kN) {
                 twist(mt);
                 mti = 0;
             }
             out[i] = temper_unit(mt[mti]);
-            if (mti == 0) {
-                if (from_start.empty())
-                    from_start = t_power(static_cast<u64>(stride) - 1);
-                apply_polynomial(mt, acc.data(), from_start);
-            } else {
-                apply_polynomial(mt, acc.data(), t_power(static_cast<u64>(stride) + mti - 1));
-            }
+            apply_polynomial(mt, acc.data(), mti == 0 ? from_start : from_first);
             mti = 0;
         }
     }
