@@ -107,6 +107,11 @@ bool seeds_valid(int genid, const int* seed, int lseed)
 {
     if (genid == 3 && lseed >= 624) {
         // A whole MT19937 state: 32-bit patterns, not all zero in the 19937 significant bits.
+        // The one exception to "every seed word >= 1", on purpose: these words are the
+        // generator's state itself, half of all 32-bit patterns are negative as INTEGER and any
+        // word may be 0, so that rule would shut out most states, the authors' reference
+        // state from init_genrand(5489) among them. Only the state that cannot run (zero in
+        // every significant bit) is refused.
         if (as_word(seed[0]) & 0x80000000u)
             return true;
         for (int i = 1; i < 624; ++i) {

@@ -196,6 +196,7 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05KFF", "SEED_INVALID", [] { return kff(3, {4, 0}, 633); }, {}, "SEED(2) of MT"},
         T{"G05KFF", "SEED_INVALID", [] { return kff(3, mt_words(0x7fffffffu), 633); }, {}, "MT state of ignored bits only"},
         T{"G05KFF", "", [] { return kff(3, mt_words(0x80000000u), 633); }, {}, "MT state, top bit set"},
+        T{"G05KFF", "", [] { std::vector<int> w = mt_words(0); w[400] = -7; return kff(3, w, 633); }, {}, "MT state: words below 1 are 32-bit patterns"},
         T{"G05KFF", "", [] { return kff(2, {1, 2, 3, 4, 0}, 21); }, {}, "SEED(5) of WH not read"},
         T{"G05KFF", "", [] { return kff(1, {3, -1}, 17); }, {}, "SEED(2) of basic not read"},
         T{"G05KGF", "GENID_RANGE", [] { return kgf(9, 0); }, {}, "GENID before the query"},
