@@ -28,12 +28,10 @@ void put60(int* d, std::uint64_t v)
         d[i] = static_cast<int>((v >> (15 * i)) & 0x7fff);
 }
 
-// x * 2^-60 rounded once; a value that rounds up to 1 is held at the largest double below 1,
-// and x = 0 (never reached from a seed: x = 2 mod 4 there) gives 2^-60.
+// x * 2^-60 rounded once; a value that rounds up to 1 is held at the largest double below 1.
 inline double to_unit(std::uint64_t x)
 {
-    return std::clamp(static_cast<double>(static_cast<std::int64_t>(x)) * 0x1p-60, 0x1p-60,
-                      kBelowOne);
+    return std::min(static_cast<double>(static_cast<std::int64_t>(x)) * 0x1p-60, kBelowOne);
 }
 
 std::uint64_t pow_mod(std::uint64_t a, std::uint64_t e)
@@ -71,6 +69,16 @@ void fill(int* state, double* out, int n)
 {
     const std::uint64_t a = get60(state + 8);
     std::uint64_t x = get60(state + 4);
+    if ((a & 1) == 0 || x == 0) {
+        // Only a block changed by hand gets here (seeding and leap-frog keep a odd and x = 2
+        // mod 4, and an odd a never takes a non-zero x to 0): x may reach 0, given as 2^-60.
+        for (int i = 0; i < n; ++i) {
+            x = (a * x) & kMask60;
+            out[i] = x == 0 ? 0x1p-60 : to_unit(x);
+        }
+        put60(state + 4, x);
+        return;
+    }
     int i = 0;
     if (n >= 8) {
         // Four interleaved chains, each advanced by a^4, give the same sequence.
