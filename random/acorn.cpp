@@ -99,18 +99,6 @@ void fill(int* state, double* out, int n)
         state[kY + i] = static_cast<int>(y[i]);
 }
 
-bool plausible(const int* state)
-{
-    if (state[0] != kBlockAcorn + 3 || state[3] != kK || state[4] != static_cast<int>(kMod)) {
-        return false;
-    }
-    for (int i = 0; i < kDim; ++i) {
-        if (state[kY + i] < 0 || static_cast<std::uint64_t>(state[kY + i]) >= kMod)
-            return false;
-    }
-    return (state[kY] & 1) == 1;
-}
-
 void skip(int* state, std::uint64_t n)
 {
     Matrix r = identity(), b = step_matrix();

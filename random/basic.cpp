@@ -13,10 +13,13 @@ namespace {
 constexpr std::uint64_t kMask60 = (std::uint64_t{1} << 60) - 1;
 constexpr std::uint64_t kMultiplier = 302875106592253;  // 13^13
 
+// The 60-bit number whose 15-bit digits are the low 15 bits of d[0..3].
 std::uint64_t get60(const int* d)
 {
-    return static_cast<std::uint64_t>(d[0]) | static_cast<std::uint64_t>(d[1]) << 15 |
-           static_cast<std::uint64_t>(d[2]) << 30 | static_cast<std::uint64_t>(d[3]) << 45;
+    std::uint64_t v = 0;
+    for (int i = 3; i >= 0; --i)
+        v = v << 15 | (static_cast<std::uint64_t>(d[i]) & 0x7fff);
+    return v;
 }
 
 void put60(int* d, std::uint64_t v)
@@ -66,6 +69,16 @@ void fill(int* state, double* out, int n)
 {
     const std::uint64_t a = get60(state + 8);
     std::uint64_t x = get60(state + 4);
+    if ((a & 1) == 0 || x == 0) {
+        // Only a block changed by hand gets here (seeding and leap-frog keep a odd and x = 2
+        // mod 4, and an odd a never takes a non-zero x to 0): x may reach 0, given as 2^-60.
+        for (int i = 0; i < n; ++i) {
+            x = (a * x) & kMask60;
+            out[i] = x == 0 ? 0x1p-60 : to_unit(x);
+        }
+        put60(state + 4, x);
+        return;
+    }
     int i = 0;
     if (n >= 8) {
         // Four interleaved chains, each advanced by a^4, give the same sequence.
@@ -89,17 +102,6 @@ void fill(int* state, double* out, int n)
         out[i] = to_unit(x);
     }
     put60(state + 4, x);
-}
-
-bool plausible(const int* state)
-{
-    if (state[0] != kBlockBasic + 3)
-        return false;
-    for (int i = 4; i < 12; ++i) {
-        if (state[i] < 0 || state[i] > 0x7fff)
-            return false;
-    }
-    return (state[4] & 3) == 2 && (state[8] & 3) == 1;
 }
 
 void skip(int* state, std::uint64_t n)

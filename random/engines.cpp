@@ -80,6 +80,11 @@ int minimum_lstate(int genid)
     return block_length(genid, 1) + 3;
 }
 
+bool generator_length(int genid, int n)
+{
+    return n == block_length(genid, 1) + 3 || (genid == 3 && n == kBlockMtLong + 3);
+}
+
 int seed_words_needed(int genid)
 {
     switch (genid) {
@@ -102,6 +107,11 @@ bool seeds_valid(int genid, const int* seed, int lseed)
 {
     if (genid == 3 && lseed >= 624) {
         // A whole MT19937 state: 32-bit patterns, not all zero in the 19937 significant bits.
+        // The one exception to "every seed word >= 1", on purpose: these words are the
+        // generator's state itself, half of all 32-bit patterns are negative as INTEGER and any
+        // word may be 0, so that rule would shut out most states, the authors' reference
+        // state from init_genrand(5489) among them. Only the state that cannot run (zero in
+        // every significant bit) is refused.
         if (as_word(seed[0]) & 0x80000000u)
             return true;
         for (int i = 1; i < 624; ++i) {
@@ -177,28 +187,6 @@ void fill_uniform(int* state, double* x, int n)
         default:
             mrg::fill(state, x, n);
             break;
-    }
-}
-
-bool block_plausible(const int* state)
-{
-    const int genid = state[2];
-    const int block = state[0] - 3;
-    if (block < 4 || state[block - 1] != kCheck[genid])
-        return false;
-    switch (genid) {
-        case 1:
-            return basic::plausible(state);
-        case 2:
-            return wh::plausible(state);
-        case 3:
-            return mt::plausible(state);
-        case 4:
-            return wh2::plausible(state);
-        case 5:
-            return acorn::plausible(state);
-        default:
-            return mrg::plausible(state);
     }
 }
 

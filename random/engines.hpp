@@ -1,5 +1,7 @@
 // The six base generators: seeding, uniform generation, skip-ahead and leap-frog.
-// Each engine works on a whole STATE array whose validity has been checked by the caller.
+// Each engine works on a whole STATE array that has passed the state check, whatever its block
+// holds: every word is read as a 32-bit pattern and no value sends an engine outside STATE,
+// divides by zero or makes it loop.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +16,9 @@ int block_length(int genid, int lstate);
 int requested_block_length(int genid);
 // Smallest accepted LSTATE (block length + 3, the short block for MT19937).
 int minimum_lstate(int genid);
+// Whether n is a length that an initialised STATE of GENID has (block length + 3; for
+// MT19937 the short or the long block).
+bool generator_length(int genid, int n);
 
 // Seed words that GENID takes from SEED before the basic generator fills the rest.
 int seed_words_needed(int genid);
@@ -29,9 +34,6 @@ void initialise(int genid, int subid, const int* seed, int lseed, int* state, in
 // n uniforms on (0,1) from a valid state, advancing it.
 void fill_uniform(int* state, double* x, int n);
 
-// Per-generator content validation used by check_state (L = STATE(1) already verified).
-bool block_plausible(const int* state);
-
 // Skip-ahead by n values (n >= 0) and by 2^p values (p >= 0). Valid state assumed;
 // for MT19937 the long block is required (the caller checks).
 void skip_ahead(int* state, std::uint64_t n);
@@ -45,7 +47,6 @@ bool leap_frog(int* state, int n, int k);
 namespace basic {
 void init(int s, int* state);
 void fill(int* state, double* x, int n);
-bool plausible(const int* state);
 void skip(int* state, std::uint64_t n);
 void skip_pow2(int* state, int p);
 void leap(int* state, int n, int k);
@@ -53,7 +54,6 @@ void leap(int* state, int n, int k);
 namespace wh {
 void init(int subid, const std::vector<std::int64_t>& words, int* state);
 void fill(int* state, double* x, int n);
-bool plausible(const int* state);
 void skip(int* state, std::uint64_t n);
 void skip_pow2(int* state, int p);
 void leap(int* state, int n, int k);
@@ -61,7 +61,6 @@ void leap(int* state, int n, int k);
 namespace mt {
 void init(const std::vector<std::uint32_t>& words, int* state, int block);
 void fill(int* state, double* x, int n);
-bool plausible(const int* state);
 void skip(int* state, std::uint64_t n);
 void skip_pow2(int* state, int p);
 bool leap(int* state, int n, int k);
@@ -69,7 +68,6 @@ bool leap(int* state, int n, int k);
 namespace wh2 {
 void init(const std::vector<std::int64_t>& words, int* state);
 void fill(int* state, double* x, int n);
-bool plausible(const int* state);
 void skip(int* state, std::uint64_t n);
 void skip_pow2(int* state, int p);
 void leap(int* state, int n, int k);
@@ -77,14 +75,12 @@ void leap(int* state, int n, int k);
 namespace acorn {
 void init(const std::vector<std::int64_t>& words, int* state);
 void fill(int* state, double* x, int n);
-bool plausible(const int* state);
 void skip(int* state, std::uint64_t n);
 void skip_pow2(int* state, int p);
 }  // namespace acorn
 namespace mrg {
 void init(const std::vector<std::int64_t>& words, int* state);
 void fill(int* state, double* x, int n);
-bool plausible(const int* state);
 void skip(int* state, std::uint64_t n);
 void skip_pow2(int* state, int p);
 void leap(int* state, int n, int k);

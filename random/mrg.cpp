@@ -4,7 +4,9 @@
 //   u = (x_n - y_n mod m1, with m1 for 0) * 2.328306549295728e-10, as in the authors' code.
 // Block (elements of the whole array): STATE(4..6) = x_{n-3}, x_{n-2}, x_{n-1};
 // STATE(7..9) = y_{n-3}, y_{n-2}, y_{n-1}; STATE(10..13) = 1403580, 810728, 527612, 1370589;
-// STATE(14), STATE(15) = m1, m2 as 32-bit words; STATE(16) = 1 after a leap-frog, else 0;
+// STATE(14), STATE(15) = m1, m2 as 32-bit words (the engine uses its own constants and
+// never reads STATE(10..15)); STATE(16) = 1 after a leap-frog, else 0 (any value but 0 is read
+// as leap-frogged, the step matrices as they stand);
 // STATE(17..25), STATE(26..34) = the step matrices of the two components after a leap-frog
 // (row major); STATE(35..57) = 0; STATE(58) = 4826. Words hold 32-bit patterns.
 #include <array>
@@ -178,36 +180,6 @@ void fill(int* state, double* out, int n)
         const std::int64_t p1 = word(s + 2), p2 = word(s + 5);
         out[i] = static_cast<double>(p1 > p2 ? p1 - p2 : p1 - p2 + kM1) * kNorm;
     }
-}
-
-bool plausible(const int* state)
-{
-    if (state[0] != kBlockMrg + 3 || state[kConst] != kA12 || state[kConst + 1] != kA13n ||
-        state[kConst + 2] != kA21 || state[kConst + 3] != kA23n ||
-        word(state + kMods) != static_cast<u64>(kM1) ||
-        word(state + kMods + 1) != static_cast<u64>(kM2) ||
-        (state[kFlag] != 0 && state[kFlag] != 1)) {
-        return false;
-    }
-    const u64 mods[2] = {static_cast<u64>(kM1), static_cast<u64>(kM2)};
-    for (int c = 0; c < 2; ++c) {
-        bool nonzero = false;
-        for (int i = 0; i < 3; ++i) {
-            const u64 v = word(state + kS + 3 * c + i);
-            if (v >= mods[c])
-                return false;
-            nonzero = nonzero || v != 0;
-        }
-        if (!nonzero)
-            return false;
-        if (state[kFlag] == 1) {
-            for (int i = 0; i < 9; ++i) {
-                if (word(state + (c == 0 ? kB1 : kB2) + i) >= mods[c])
-                    return false;
-            }
-        }
-    }
-    return true;
 }
 
 void skip(int* state, std::uint64_t n)

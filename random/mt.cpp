@@ -4,7 +4,7 @@
 // next draw regenerates the words), STATE(629) = 0 and STATE(630) = 3692 for the short block;
 // in the long block (1257) STATE(629..1252) is the working area of skip-ahead,
 // STATE(1253..1256) = 0 and STATE(1257) = 3692. The first trailer word holds the leap-frog
-// stride: each draw moves the index that many words.
+// stride: each draw moves the index that many words, by a jump (below) for a long stride.
 //
 // Skip-ahead (Haramoto, Matsumoto, Nishimura, Panneton, L'Ecuyer, INFORMS J. Comput. 20
 // (2008) 385-390): with phi the characteristic polynomial of the step map F (degree 19937,
@@ -33,6 +33,12 @@ constexpr int kDeg = 19937;
 constexpr int kPolyWords = (2 * kDeg + 64) / 64 + 1;  // room for a product before reduction
 // Below this many raw steps a skip simply regenerates words (one pass per 624 values).
 constexpr u64 kStepThreshold = 2 * kDeg;
+// From this many raw steps on, a leap-frog's move and each move of a draw with a leap-frog
+// stride are jumps (a polynomial in the step map applied by Horner's rule, about 2 ms here,
+// plus about 10 ms per call for the polynomial) instead of regenerating the words stride / 624
+// times, which costs as much at about 2^22 words (a stride of 2^31 - 1 took about 1 s per
+// value that way).
+constexpr u64 kJumpStride = u64{1} << 22;
 
 u32* words(int* state)
 {
@@ -313,10 +319,18 @@ void jump(int* state, const Poly& g_to_ahead_minus_one_from_window)
     state[kIndex] = 0;
 }
 
+// The index of the next word as the engine reads it: a value outside 0..624 (no
+// initialisation or draw leaves one) is taken as 624, so the next draw regenerates the words.
+int next_index(const int* state)
+{
+    const int i = state[kIndex];
+    return i >= 0 && i <= kN ? i : kN;
+}
+
 // Makes the index < 624 (regenerating if the words are used up).
 void normalise(int* state)
 {
-    if (state[kIndex] == kN) {
+    if (next_index(state) == kN) {
         twist(words(state));
         state[kIndex] = 0;
     }
@@ -341,7 +355,7 @@ void init(const std::vector<std::uint32_t>& w, int* state, int block)
 void fill(int* state, double* out, int n)
 {
     u32* mt = words(state);
-    int mti = state[kIndex];
+    int mti = next_index(state);
     const int stride = trailer_stride(state);
     if (stride == 1) {
         int i = 0;
@@ -356,7 +370,7 @@ void fill(int* state, double* out, int n)
             i += take;
             mti += take;
         }
-    } else {
+    } else if (static_cast<u64>(stride) < kJumpStride) {
         for (int i = 0; i < n; ++i) {
             if (mti >= kN) {
                 twist(mt);
@@ -365,16 +379,28 @@ void fill(int* state, double* out, int n)
             out[i] = temper_unit(mt[mti]);
             advance_raw(mt, mti, static_cast<u64>(stride));
         }
+    } else {
+        // Each move is a jump: from index 0 by t^(stride - 1), computed once per call; only the
+        // first draw can start elsewhere. Everything is allocated before STATE changes, so an
+        // allocation failure leaves it as it was.
+        const int first = mti < kN ? mti : 0;
+        std::vector<u32> acc(kN);
+        Poly from_start, from_first;
+        if (first != 0)
+            from_first = t_power(static_cast<u64>(stride) + static_cast<u64>(first) - 1);
+        if (first == 0 || n > 1)
+            from_start = t_power(static_cast<u64>(stride) - 1);
+        for (int i = 0; i < n; ++i) {
+            if (mti >= kN) {
+                twist(mt);
+                mti = 0;
+            }
+            out[i] = temper_unit(mt[mti]);
+            apply_polynomial(mt, acc.data(), mti == 0 ? from_start : from_first);
+            mti = 0;
+        }
     }
     state[kIndex] = mti;
-}
-
-bool plausible(const int* state)
-{
-    const int len = state[0];
-    if (len != kBlockMtShort + 3 && len != kBlockMtLong + 3)
-        return false;
-    return state[kIndex] >= 0 && state[kIndex] <= kN;
 }
 
 void skip(int* state, std::uint64_t n)
@@ -382,7 +408,7 @@ void skip(int* state, std::uint64_t n)
     const u64 raw = n * static_cast<u64>(trailer_stride(state));
     if (raw == 0)
         return;
-    int mti = state[kIndex];
+    int mti = next_index(state);
     if (raw < kStepThreshold) {
         advance_raw(words(state), mti, raw);
         state[kIndex] = mti;
@@ -415,9 +441,18 @@ bool leap(int* state, int n, int k)
     const u64 stride = static_cast<u64>(trailer_stride(state));
     if (stride * static_cast<u64>(n) > 2147483647u)
         return false;
-    int mti = state[kIndex];
-    advance_raw(words(state), mti, static_cast<u64>(k - 1) * stride);
-    state[kIndex] = mti;
+    const u64 ahead = static_cast<u64>(k - 1) * stride;
+    if (ahead < kJumpStride) {
+        int mti = next_index(state);
+        advance_raw(words(state), mti, ahead);
+        state[kIndex] = mti;
+    } else {
+        normalise(state);
+        std::vector<u32> acc(kN);  // the short block has no working area
+        apply_polynomial(words(state), acc.data(),
+                         t_power(ahead + static_cast<u64>(state[kIndex]) - 1));
+        state[kIndex] = 0;
+    }
     trailer_stride(state) = static_cast<int>(stride * static_cast<u64>(n));
     trailer_offset(state) = k;
     return true;

@@ -18,14 +18,8 @@ void G05SKFN(int n, double xmu, double var, int* state, double* x, int lstate, l
         return;
     if (!(var >= 0.0))
         return fail(G05SKF_msg::VAR_RANGE, var);
-    switch (check_state(state, lstate)) {
-        case StateStatus::length_fault:
-            return fail(G05SKF_msg::LSTATE_MISMATCH, lstate);
-        case StateStatus::state_fault:
-            return fail(G05SKF_msg::STATE_CORRUPT);
-        case StateStatus::ok:
-            break;
-    }
+    if (!state_usable<G05SKF_msg>(state, lstate, fail))
+        return;
     if (var == 0.0) {
         for (int i = 0; i < n; ++i)
             x[i] = xmu;

@@ -13,7 +13,11 @@
 // for the (below 1e-20) tails.
 // MODE 3 uses inversion by sequential search for LAMBDA < 10 (one uniform per variate) and
 // Hormann's transformed rejection with squeeze, PTRS (Insurance Math. Econom. 12 (1993)
-// 39-45), for LAMBDA >= 10 (two uniforms per trial, about 1.15 trials per variate).
+// 39-45), for LAMBDA >= 10 (two uniforms per trial, 1.12 to 1.33 trials per variate). A
+// variate that needs more than kMaxTrials trials means the generator does not progress (a
+// STATE whose block repeats one value, say): the routine stops with a failure instead of
+// looping. A sound generator rejects at most a quarter of the trials, so the chance that it
+// needs more than 1000 is below 1e-600.
 // LAMBDA = 0 gives zeros without drawing. LAMBDA is limited to 2e9 so that every variate
 // is a valid 32-bit integer.
 #include <algorithm>
@@ -31,6 +35,7 @@ namespace {
 constexpr double kMarker = 7305.0;
 constexpr int kHeader = 5;
 constexpr double kLambdaMax = 2.0e9;
+constexpr int kMaxTrials = 1000;
 
 // log(n!) by the library's own log-gamma (S14ABF's kernel, no global state).
 double log_factorial(double n)
@@ -80,6 +85,13 @@ Table table_extent(double lambda)
     return {lo, hi - lo + 1.0};
 }
 
+// P(X < lo): zero when lo = 0, else the geometric bound p(lo) lo / (lambda - lo) of a tail
+// that lies 10 standard deviations out (below 1e-20).
+double mass_below(const Table& t, double lambda)
+{
+    return t.lo > 0.0 ? poisson_pmf(t.lo, lambda) * t.lo / (lambda - t.lo) : 0.0;
+}
+
 void set_up(double lambda, double* r)
 {
     const Table t = table_extent(lambda);
@@ -88,9 +100,7 @@ void set_up(double lambda, double* r)
     r[1] = lambda;
     r[2] = t.lo;
     r[3] = t.count;
-    // P(X < lo): zero when lo = 0, else the geometric bound p(lo) lo / (lambda - lo) of a tail
-    // that lies 10 standard deviations out (below 1e-20).
-    const double below = t.lo > 0.0 ? poisson_pmf(t.lo, lambda) * t.lo / (lambda - t.lo) : 0.0;
+    const double below = mass_below(t, lambda);
     r[4] = below;
     double sum = below, comp = 0.0;  // compensated summation
     for (int j = 0; j < m; ++j) {
@@ -112,8 +122,10 @@ bool reference_usable(const double* r, int lr)
         !(m >= 1.0) || m != std::floor(m) || m > lr - kHeader) {
         return false;
     }
+    // R(5) is a function of LAMBDA: a damaged one would send the search below the table on a
+    // walk down from lo for nearly every uniform.
     const Table t = table_extent(lambda);
-    return t.lo == lo && t.count == m && r[4] >= 0.0 && r[4] < 1.0 &&
+    return t.lo == lo && t.count == m && r[4] == mass_below(t, lambda) &&
            r[kHeader + static_cast<int>(m) - 1] == 1.0;
 }
 
@@ -127,7 +139,7 @@ int draw_from_table(const double* r, double u)
         int k = lo - 1;
         double c = r[4];
         double p = poisson_pmf(k, lambda);
-        while (k > 0 && u <= c - p) {
+        while (k > 0 && p > 0.0 && u <= c - p) {  // p = 0: nothing lies further down
             c -= p;
             p *= k / lambda;
             --k;
@@ -165,23 +177,28 @@ public:
     {
     }
 
-    int draw(int* state) const
+    // One variate in x; false if none was accepted in kMaxTrials trials.
+    bool draw(int* state, int& x) const
     {
         double uv[2];
-        for (;;) {
+        for (int trial = 0; trial < kMaxTrials; ++trial) {
             fill_uniform(state, uv, 2);
             const double u = uv[0] - 0.5, v = uv[1];
             const double us = 0.5 - std::fabs(u);
             const double k = std::floor((2.0 * a_ / us + b_) * u + lambda_ + 0.43);
-            if (us >= 0.07 && v <= vr_)
-                return static_cast<int>(k);
+            if (us >= 0.07 && v <= vr_) {
+                x = static_cast<int>(k);
+                return true;
+            }
             if (k < 0.0 || (us < 0.013 && v > us))
                 continue;
             if (std::log(v) + log_inv_alpha_ - std::log(a_ / (us * us) + b_) <=
                 -lambda_ + k * log_lambda_ - log_factorial(k)) {
-                return static_cast<int>(k);
+                x = static_cast<int>(k);
+                return true;
             }
         }
+        return false;
     }
 
 private:
@@ -218,14 +235,8 @@ void G05TJFN(int mode, int n, double lambda, double* r, int lr, int* state, int*
             return fail(G05TJF_msg::LR_SMALL, lr, need);
     }
     if (mode != 0 && n > 0) {
-        switch (check_state(state, lstate)) {
-            case StateStatus::length_fault:
-                return fail(G05TJF_msg::LSTATE_MISMATCH, lstate);
-            case StateStatus::state_fault:
-                return fail(G05TJF_msg::STATE_CORRUPT);
-            case StateStatus::ok:
-                break;
-        }
+        if (!state_usable<G05TJF_msg>(state, lstate, fail))
+            return;
     }
     if (mode == 0 || mode == 2)
         set_up(lambda, r);
@@ -258,8 +269,10 @@ void G05TJFN(int mode, int n, double lambda, double* r, int lr, int* state, int*
         return;
     }
     const Ptrs ptrs(lambda);
-    for (int i = 0; i < n; ++i)
-        x[i] = ptrs.draw(state);
+    for (int i = 0; i < n; ++i) {
+        if (!ptrs.draw(state, x[i]))
+            return fail(G05TJF_msg::GENERATOR_STUCK, kMaxTrials);
+    }
 }
 
 }  // namespace lbx::random

@@ -33,14 +33,8 @@ void G05KHFN(int n, int k, int* state, int lstate, lbx::Fail& fail)
         return fail(G05KHF_msg::N_RANGE, n);
     if (k < 1 || k > n)
         return fail(G05KHF_msg::K_RANGE, k, n);
-    switch (check_state(state, lstate)) {
-        case StateStatus::length_fault:
-            return fail(G05KHF_msg::LSTATE_MISMATCH, lstate);
-        case StateStatus::state_fault:
-            return fail(G05KHF_msg::STATE_CORRUPT);
-        case StateStatus::ok:
-            break;
-    }
+    if (!state_usable<G05KHF_msg>(state, lstate, fail))
+        return;
     if (!leap_frog(state, n, k))
         return fail(G05KHF_msg::NO_LEAPFROG);
 }
@@ -51,14 +45,8 @@ void G05KJFN(int n, int* state, int lstate, lbx::Fail& fail)
         return fail(G05KJF_msg::STATE_CORRUPT);
     if (n < 0)
         return fail(G05KJF_msg::N_RANGE, n);
-    switch (check_state(state, lstate)) {
-        case StateStatus::length_fault:
-            return fail(G05KJF_msg::LSTATE_MISMATCH, lstate);
-        case StateStatus::state_fault:
-            return fail(G05KJF_msg::STATE_CORRUPT);
-        case StateStatus::ok:
-            break;
-    }
+    if (!state_usable<G05KJF_msg>(state, lstate, fail))
+        return;
     if (mt_short(state))
         return fail(G05KJF_msg::MT_SHORT_BLOCK);
     skip_ahead(state, static_cast<std::uint64_t>(n));
@@ -70,14 +58,8 @@ void G05KKFN(int n, int* state, int lstate, lbx::Fail& fail)
         return fail(G05KKF_msg::STATE_CORRUPT);
     if (n < 0)
         return fail(G05KKF_msg::N_RANGE, n);
-    switch (check_state(state, lstate)) {
-        case StateStatus::length_fault:
-            return fail(G05KKF_msg::LSTATE_MISMATCH, lstate);
-        case StateStatus::state_fault:
-            return fail(G05KKF_msg::STATE_CORRUPT);
-        case StateStatus::ok:
-            break;
-    }
+    if (!state_usable<G05KKF_msg>(state, lstate, fail))
+        return;
     if (mt_short(state))
         return fail(G05KKF_msg::MT_SHORT_BLOCK);
     skip_ahead_pow2(state, n);

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "frame/fail.hpp"
+
 namespace lbx::random {
 
 // Check value of each generator (index = GENID); GENID 4 and 6 share 4826 on purpose: the
@@ -23,15 +25,37 @@ inline constexpr int kBlockMrg = 58;
 // Largest length an initialised STATE can have.
 inline constexpr int kMaxStateLength = kBlockMtLong + 3;
 
-enum class StateStatus { ok, length_fault, state_fault };
+enum class StateStatus { ok, length_fault, state_fault, not_generator_length };
 
 // The state check: n is the declared length (the plain entries pass STATE(1)).
 // 1. n < 3 or n != STATE(1): length fault. 2. STATE(2) != STATE(n): state fault.
 // 3. STATE(3) outside 1..6, STATE(n-1) < 1 or STATE(n-2) < 1: state fault.
-// Beyond that rule a length the generator never has is refused before STATE(n) is read, and
-// the block is checked for contents no generator can hold (wrong check values, constants,
-// out-of-range words), so a damaged STATE is refused instead of drawn from.
+// Nothing else about the block is refused: the engines run on any contents of a block of
+// their own length. A length that the generator named by STATE(3) never has cannot hold its
+// block; it is reported on its own (not_generator_length) once STATE(3) is known and before
+// STATE(n) is read, so a damaged STATE(1) cannot send the check beyond the array.
 StateStatus check_state(const int* state, int n);
+
+// The state check for a routine whose messages are Msg (STATE_CORRUPT, LSTATE_MISMATCH,
+// STATE_LENGTH); true when the routine may draw from state.
+template <class Msg>
+bool state_usable(const int* state, int n, lbx::Fail& fail)
+{
+    switch (check_state(state, n)) {
+        case StateStatus::length_fault:
+            fail(Msg::LSTATE_MISMATCH, n);
+            return false;
+        case StateStatus::state_fault:
+            fail(Msg::STATE_CORRUPT);
+            return false;
+        case StateStatus::not_generator_length:
+            fail(Msg::STATE_LENGTH, state[0], state[2]);
+            return false;
+        case StateStatus::ok:
+            break;
+    }
+    return true;
+}
 
 // Writes the trailer after a block of length block_len already in state[0..block_len-1].
 void append_trailer(int* state, int block_len);

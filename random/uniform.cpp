@@ -13,14 +13,8 @@ void G05SAFN(int n, int* state, double* x, int lstate, lbx::Fail& fail)
         return fail(G05SAF_msg::N_RANGE, n);
     if (n == 0)
         return;
-    switch (check_state(state, lstate)) {
-        case StateStatus::length_fault:
-            return fail(G05SAF_msg::LSTATE_MISMATCH, lstate);
-        case StateStatus::state_fault:
-            return fail(G05SAF_msg::STATE_CORRUPT);
-        case StateStatus::ok:
-            break;
-    }
+    if (!state_usable<G05SAF_msg>(state, lstate, fail))
+        return;
     fill_uniform(state, x, n);
 }
 

@@ -33,14 +33,28 @@ std::uint64_t pow_mod(std::uint64_t a, std::uint64_t e, std::uint64_t m)
     return r;
 }
 
+// Component j as the engines read it: x, a and m as 32-bit patterns, a modulus word 0 taken
+// as 1 (such a component is 0 from its first step). Every product of two words stays below
+// 2^64, whatever the block holds.
+struct Component {
+    std::uint64_t x, a, m;
+};
+
+Component component(const int* state, int j)
+{
+    const std::uint64_t m = as_word(state[kM + j]);
+    return {as_word(state[kX + j]), as_word(state[kA + j]), m == 0 ? 1 : m};
+}
+
 void fill4(int* state, double* out, int n)
 {
     std::uint64_t x[4], a[4], m[4];
     double md[4];
     for (int j = 0; j < 4; ++j) {
-        x[j] = static_cast<std::uint64_t>(state[kX + j]);
-        a[j] = static_cast<std::uint64_t>(state[kA + j]);
-        m[j] = static_cast<std::uint64_t>(state[kM + j]);
+        const Component c = component(state, j);
+        x[j] = c.x;
+        a[j] = c.a;
+        m[j] = c.m;
         md[j] = static_cast<double>(m[j]);
     }
     for (int i = 0; i < n; ++i) {
@@ -53,48 +67,44 @@ void fill4(int* state, double* out, int n)
         out[i] = u > 0.0 ? u : kAboveZero;  // a sum that is an integer in rounding gives 2^-53
     }
     for (int j = 0; j < 4; ++j)
-        state[kX + j] = static_cast<int>(x[j]);
+        state[kX + j] = to_int(static_cast<std::uint32_t>(x[j]));
 }
 
-bool plausible4(const int* state)
-{
-    for (int j = 0; j < 4; ++j) {
-        const int m = state[kM + j], a = state[kA + j], x = state[kX + j];
-        if (m < 2 || a < 1 || a >= m || x < 1 || x >= m)
-            return false;
-    }
-    return true;
-}
-
+// a^n mod m, unreduced exponent: exact for every modulus.
 void skip4(int* state, std::uint64_t n)
 {
     for (int j = 0; j < 4; ++j) {
-        const std::uint64_t m = static_cast<std::uint64_t>(state[kM + j]);
-        const std::uint64_t c = pow_mod(static_cast<std::uint64_t>(state[kA + j]), n % (m - 1), m);
-        state[kX + j] = static_cast<int>(c * static_cast<std::uint64_t>(state[kX + j]) % m);
+        const Component c = component(state, j);
+        state[kX + j] =
+            to_int(static_cast<std::uint32_t>(pow_mod(c.a, n, c.m) * (c.x % c.m) % c.m));
     }
 }
 
+// The exponent 2^p is reduced mod m - 1 (Fermat): exact for a prime modulus that does not
+// divide its multiplier, as in every block that initialisation and leap-frog make. Moduli 1
+// and 2 need no reduction (a^(2^p) = a mod m).
 void skip_pow2_4(int* state, int p)
 {
     for (int j = 0; j < 4; ++j) {
-        const std::uint64_t m = static_cast<std::uint64_t>(state[kM + j]);
-        const std::uint64_t e = pow_mod(2, static_cast<std::uint64_t>(p), m - 1);  // Fermat
-        const std::uint64_t c = pow_mod(static_cast<std::uint64_t>(state[kA + j]), e, m);
-        state[kX + j] = static_cast<int>(c * static_cast<std::uint64_t>(state[kX + j]) % m);
+        const Component c = component(state, j);
+        const std::uint64_t e = c.m > 2 ? pow_mod(2, static_cast<std::uint64_t>(p), c.m - 1) : 1;
+        state[kX + j] =
+            to_int(static_cast<std::uint32_t>(pow_mod(c.a, e, c.m) * (c.x % c.m) % c.m));
     }
 }
 
 void leap4(int* state, int n, int k)
 {
     for (int j = 0; j < 4; ++j) {
-        const std::uint64_t m = static_cast<std::uint64_t>(state[kM + j]);
-        const std::uint64_t c = static_cast<std::uint64_t>(state[kA + j]);
-        // x' = c^(k-n) x, so that the first draw (c^n x') is the k-th value.
-        const std::uint64_t back = (m - 1) - static_cast<std::uint64_t>(n - k) % (m - 1);
+        const Component c = component(state, j);
+        // x' = c^(k-n) x, so that the first draw (c^n x') is the k-th value; the inverse is
+        // taken by Fermat, as in skip_pow2_4.
+        const std::uint64_t period = c.m > 1 ? c.m - 1 : 1;
+        const std::uint64_t back = period - static_cast<std::uint64_t>(n - k) % period;
         state[kX + j] =
-            static_cast<int>(pow_mod(c, back, m) * static_cast<std::uint64_t>(state[kX + j]) % m);
-        state[kA + j] = static_cast<int>(pow_mod(c, static_cast<std::uint64_t>(n), m));
+            to_int(static_cast<std::uint32_t>(pow_mod(c.a, back, c.m) * (c.x % c.m) % c.m));
+        state[kA + j] =
+            to_int(static_cast<std::uint32_t>(pow_mod(c.a, static_cast<std::uint64_t>(n), c.m)));
     }
 }
 
@@ -124,10 +134,6 @@ void init(int subid, const std::vector<std::int64_t>& words, int* state)
 void fill(int* state, double* x, int n)
 {
     fill4(state, x, n);
-}
-bool plausible(const int* state)
-{
-    return state[0] == kBlockWh + 3 && state[3] >= 1 && state[3] <= 273 && plausible4(state);
 }
 void skip(int* state, std::uint64_t n)
 {
@@ -165,16 +171,6 @@ void init(const std::vector<std::int64_t>& words, int* state)
 void fill(int* state, double* x, int n)
 {
     fill4(state, x, n);
-}
-bool plausible(const int* state)
-{
-    if (state[0] != kBlockWh2 + 3)
-        return false;
-    for (int j = 0; j < 4; ++j) {
-        if (state[kM + j] != kWh2M[j])
-            return false;
-    }
-    return plausible4(state);
 }
 void skip(int* state, std::uint64_t n)
 {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "random_test_util.hpp"
@@ -41,6 +42,21 @@ TEST(RandomKnownAnswers, MersenneTwisterFromAuthorsState)
         for (int i = 0; i < 10000; ++i) {
             ASSERT_EQ(word_of(u[i]), peer()) << i;
             ASSERT_EQ(u[i], (static_cast<double>(word_of(u[i])) + 0.5) * 0x1p-32);
+        }
+        // Leap-frog strides and first moves of more than 2^22 words (taken by jumps): the K-th,
+        // (K + N)-th and (K + 2N)-th words of the peer, drawn as one value and then two.
+        for (const auto& [n, k] : {std::pair{4194324, 4194314}, {4194305, 3}}) {
+            std::vector<int> split = rt::make(3, init_genrand(5489), 1, lstate);
+            ASSERT_EQ(rt::khf(n, k, split), 0);
+            std::vector<double> got = rt::uniforms(split, 1);
+            for (double v : rt::uniforms(split, 2))
+                got.push_back(v);
+            std::mt19937 far(5489u);
+            far.discard(k - 1);
+            for (int j = 0; j < 3; ++j) {
+                EXPECT_EQ(word_of(got[j]), far()) << lstate << " N " << n << " K " << k << " " << j;
+                far.discard(n - 1);
+            }
         }
     }
 }

@@ -114,11 +114,11 @@ Raised tjf(int mode, int n, double lambda, std::vector<double> r, std::vector<in
     });
 }
 
-std::vector<double> reference(double lambda)
+std::vector<double> reference(double lambda, int lr = 100)
 {
-    std::vector<double> r(100);
+    std::vector<double> r(lr);
     std::vector<int> s = good(1), x(1);
-    int mode = 0, n = 0, lr = 100, ifail = 1;
+    int mode = 0, n = 0, ifail = 1;
     g05tjf_(&mode, &n, &lambda, r.data(), &lr, s.data(), x.data(), &ifail);
     return r;
 }
@@ -149,14 +149,17 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05KHF", "STATE_CORRUPT", [] { return khf(2, 1, damaged(2)); }},
         T{"G05KHF", "LSTATE_MISMATCH", [] { return khf(2, 1, good(2), 22); }, {"22"}},
         T{"G05KHF", "NO_LEAPFROG", [] { return khf(2, 1, good(5)); }},
+        T{"G05KHF", "STATE_LENGTH", [] { return khf(2, 1, with(good(3, 633), 2, 1)); }, {"633", "1"}},
         T{"G05KJF", "N_RANGE", [] { return kjf(-1, good(4)); }, {"-1"}},
         T{"G05KJF", "STATE_CORRUPT", [] { return kjf(1, damaged(4)); }},
         T{"G05KJF", "LSTATE_MISMATCH", [] { return kjf(1, good(4), 30); }},
         T{"G05KJF", "MT_SHORT_BLOCK", [] { return kjf(1, good(3, 633)); }},
+        T{"G05KJF", "STATE_LENGTH", [] { return kjf(1, with(good(6), 2, 3)); }, {"61", "3"}},
         T{"G05KKF", "N_RANGE", [] { return kkf(-1, good(6)); }},
         T{"G05KKF", "STATE_CORRUPT", [] { return kkf(1, damaged(6)); }},
         T{"G05KKF", "LSTATE_MISMATCH", [] { return kkf(1, good(6), 62); }},
         T{"G05KKF", "MT_SHORT_BLOCK", [] { return kkf(1, good(3, 700)); }},
+        T{"G05KKF", "STATE_LENGTH", [] { return kkf(1, with(good(2), 0, 25)); }, {"25", "2"}},
         T{"G05SAF", "N_RANGE", [] { return saf(-1, good(1)); }},
         T{"G05SAF", "STATE_CORRUPT", [] { return saf(1, damaged(1)); }},
         T{"G05SAF", "LSTATE_MISMATCH", [] { return saf(1, good(1), 20); }},
@@ -164,6 +167,7 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05SKF", "VAR_RANGE", [] { return skf(1, -1.0, good(1)); }, {"-1.000000000000000E+00"}},
         T{"G05SKF", "STATE_CORRUPT", [] { return skf(1, 1.0, damaged(3)); }},
         T{"G05SKF", "LSTATE_MISMATCH", [] { return skf(1, 1.0, good(1), 2); }},
+        T{"G05SKF", "STATE_LENGTH", [] { return skf(1, 1.0, with(good(5), 2, 4)); }, {"20", "4"}},
         T{"G05TJF", "MODE_RANGE", [] { return tjf(5, 1, 1.0, {0.0}, good(1)); }, {"5"}},
         T{"G05TJF", "N_RANGE", [] { return tjf(3, -1, 1.0, {0.0}, good(1)); }},
         T{"G05TJF", "LAMBDA_RANGE", [] { return tjf(3, 1, -2.0, {0.0}, good(1)); }, {"-2.000000000000000E+00"}},
@@ -173,6 +177,7 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05TJF", "LR_SMALL", [] { return tjf(2, 1, 100.0, std::vector<double>(100), good(1)); }},
         T{"G05TJF", "STATE_CORRUPT", [] { return tjf(3, 1, 1.0, {0.0}, damaged(1)); }},
         T{"G05TJF", "LSTATE_MISMATCH", [] { return tjf(3, 1, 1.0, {0.0}, good(1), 18); }, {"18"}},
+        T{"G05TJF", "STATE_LENGTH", [] { return tjf(3, 1, 1.0, {0.0}, with(good(1), 2, 6)); }, {"17", "6"}},
         T{"G05TJF", "LAMBDA_LIMIT", [] { return tjf(1, 1, 2.5e9, {0.0}, good(1)); }, {"2.500000000000000E+09", "2.000000000000000E+09"}},
         // G05KFF and G05KGF: GENID, then LSEED, then the length query, then the minimum
         // length, then the seed words (only those the generator takes).
@@ -191,6 +196,7 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05KFF", "SEED_INVALID", [] { return kff(3, {4, 0}, 633); }, {}, "SEED(2) of MT"},
         T{"G05KFF", "SEED_INVALID", [] { return kff(3, mt_words(0x7fffffffu), 633); }, {}, "MT state of ignored bits only"},
         T{"G05KFF", "", [] { return kff(3, mt_words(0x80000000u), 633); }, {}, "MT state, top bit set"},
+        T{"G05KFF", "", [] { std::vector<int> w = mt_words(0); w[400] = -7; return kff(3, w, 633); }, {}, "MT state: words below 1 are 32-bit patterns"},
         T{"G05KFF", "", [] { return kff(2, {1, 2, 3, 4, 0}, 21); }, {}, "SEED(5) of WH not read"},
         T{"G05KFF", "", [] { return kff(1, {3, -1}, 17); }, {}, "SEED(2) of basic not read"},
         T{"G05KGF", "GENID_RANGE", [] { return kgf(9, 0); }, {}, "GENID before the query"},
@@ -219,13 +225,20 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05SAF", "LSTATE_MISMATCH", [] { return saf(2, good(1), 16); }, {}, "LSTATE 16"},
         T{"G05SAF", "LSTATE_MISMATCH", [] { return saf(2, good(1), 18); }, {}, "LSTATE 18"},
         T{"G05SAF", "LSTATE_MISMATCH", [] { return saf(2, good(1), 100000); }, {}, "LSTATE 100000"},
-        T{"G05SAF", "STATE_CORRUPT", [] { return saf(2, with(good(1), 0, 2000000000)); }, {}, "STATE(1) huge"},
-        T{"G05SAF", "STATE_CORRUPT", [] { return saf(2, with(good(1), 0, 18)); }, {}, "STATE(1) 18"},
-        T{"G05SAF", "STATE_CORRUPT", [] { return saf(2, with(good(1), 0, 633)); }, {}, "STATE(1) of MT"},
-        T{"G05SAF", "STATE_CORRUPT", [] { return saf(2, with(good(1), 0, 1260)); }, {}, "STATE(1) of MT, long"},
-        T{"G05SAF", "STATE_CORRUPT", [] { return saf(2, with(good(1), 0, 61)); }, {}, "STATE(1) of MRG"},
-        T{"G05SAF", "STATE_CORRUPT", [] { return saf(2, with(good(4), 2, 6)); }, {}, "WH2006 relabelled MRG (shared check value)"},
-        T{"G05SAF", "STATE_CORRUPT", [] { return saf(2, with(good(6), 2, 4)); }, {}, "MRG relabelled WH2006"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(good(1), 0, 2000000000)); }, {"2000000000", "1"}, "STATE(1) huge"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(good(1), 0, 18)); }, {}, "STATE(1) 18"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(good(1), 0, 633)); }, {}, "STATE(1) of MT"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(good(1), 0, 1260)); }, {}, "STATE(1) of MT, long"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(good(1), 0, 61)); }, {}, "STATE(1) of MRG"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(good(4), 2, 6)); }, {"29", "6"}, "WH2006 relabelled MRG (shared check value)"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(good(6), 2, 4)); }, {}, "MRG relabelled WH2006"},
+        T{"G05SAF", "STATE_LENGTH", [] { return saf(2, with(with(good(1), 16, 5), 2, 2)); }, {}, "before the check values"},
+        T{"G05SAF", "", [] { return saf(2, with(with(good(1), 1, 5050), 16, 5050)); }, {}, "ACORN's check value in a basic STATE"},
+        T{"G05SAF", "", [] { return saf(2, with(good(6), 9, 0)); }, {}, "MRG32k3a multiplier word, not read"},
+        T{"G05SAF", "", [] { return saf(2, with(good(6), 15, 1)); }, {}, "MRG32k3a flag without step matrices"},
+        T{"G05SAF", "", [] { return saf(2, with(good(3, 633), 629, 0)); }, {}, "MT19937 closing check value"},
+        T{"G05SAF", "", [] { return saf(2, with(good(2), 3, 999)); }, {}, "WH set number, not read"},
+        T{"G05SAF", "", [] { return saf(2, with(good(1), 4, 3)); }, {}, "basic x odd"},
         // G05SKF: N = 0 returns before the VAR check; N, then VAR, then STATE.
         T{"G05SKF", "", [] { return skf(0, -1.0, good(6)); }, {}, "N = 0 before VAR"},
         T{"G05SKF", "N_RANGE", [] { return skf(-1, -1.0, good(6)); }, {}, "N before VAR"},
@@ -241,7 +254,11 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05TJF", "LR_SMALL", [] { return tjf(0, 1, 5.0, std::vector<double>(3), good(1)); }, {}, "LR short, MODE 0"},
         T{"G05TJF", "R_CORRUPT", [] { return tjf(1, 1, 5.0, std::vector<double>(3), good(1)); }, {}, "R not set up"},
         T{"G05TJF", "R_CORRUPT", [] { std::vector<double> r = reference(5.0); r[3] = 1e9; return tjf(1, 1, 5.0, r, good(1)); }, {}, "R damaged"},
+        T{"G05TJF", "R_CORRUPT", [] { std::vector<double> r = reference(1e6, 20100); r[4] = 0.5; return tjf(1, 1, 1e6, r, good(1)); }, {}, "R(5) damaged: no walk below the table"},
         T{"G05TJF", "STATE_CORRUPT", [] { return tjf(1, 1, 5.0, reference(5.0), damaged(1)); }, {}, "STATE, MODE 1"},
+        T{"G05TJF", "GENERATOR_STUCK", [] { return tjf(3, 5, 10.0, {0.0}, with(good(6), 15, 1)); }, {"1000"}, "MRG32k3a flagged as leap-frogged, no step matrices"},
+        T{"G05TJF", "", [] { return tjf(3, 5, 9.5, {0.0}, with(good(6), 15, 1)); }, {}, "the same, sequential search"},
+        T{"G05TJF", "", [] { return tjf(2, 5, 1e6, std::vector<double>(20100), with(good(6), 15, 1)); }, {}, "the same, table"},
         T{"G05TJF", "", [] { return tjf(0, 1, 5.0, std::vector<double>(200), damaged(1)); }, {}, "MODE 0 does not need STATE"},
         T{"G05TJF", "", [] { return tjf_exact_length(5.0); }, {}, "LR as long as required"},
         T{"G05TJF", "", [] { return tjf_exact_length(1e4); }, {}, "LR as long as required"},
