@@ -59,7 +59,8 @@ void RecordBlock::add(std::string_view rec) noexcept
     std::size_t len = std::min<std::size_t>(rec.size(), max_length);
     while (len >= 2 && rec[len - 1] == ' ')
         --len;
-    std::memcpy(text_ + total_, rec.data(), len);
+    if (len != 0)
+        std::memcpy(text_ + total_, rec.data(), len);
     lens_[count_++] = static_cast<int>(len);
     total_ += static_cast<int>(len);
 }

@@ -60,7 +60,8 @@ void write_line(std::string_view text)
         return;
     char rec[trace_width];
     std::memset(rec, ' ', trace_width);
-    std::memcpy(rec + 4, text.data(), std::min<std::size_t>(text.size(), trace_width - 4));
+    if (!text.empty())
+        std::memcpy(rec + 4, text.data(), std::min<std::size_t>(text.size(), trace_width - 4));
     int unit = 0;
     X04AAFN(0, unit);
     X04BAFN(unit, std::string_view(rec, trace_width));
@@ -71,10 +72,12 @@ void argument_line(std::string_view name, std::string_view value)
     char text[name_width + 5 + value_width];
     std::memset(text, ' ', name_width);
     name = name.substr(0, name_width);
-    std::memcpy(text, name.data(), name.size());
+    if (!name.empty())
+        std::memcpy(text, name.data(), name.size());
     std::memcpy(text + name_width, ":    ", 5);
     value = value.substr(0, value_width);
-    std::memcpy(text + name_width + 5, value.data(), value.size());
+    if (!value.empty())
+        std::memcpy(text + name_width + 5, value.data(), value.size());
     write_line(std::string_view(text, name_width + 5 + value.size()));
 }
 
