@@ -17,7 +17,7 @@ export TSAN_OPTIONS ?= suppressions=$(SUPP)/tsan.supp:halt_on_error=1:second_dea
 # the bounded run of CI (make fuzz-ci: fixed seeds, under ASan and UBSan).
 FUZZ_SECONDS ?= 60
 FUZZ_SEED ?= 1
-FUZZ_CI_SECONDS ?= 150
+FUZZ_CI_SECONDS ?= 120
 
 deps:
 	@tools/install-deps.sh
@@ -48,7 +48,7 @@ check-asan: deps $(BUILD)-asan/CMakeCache.txt
 check-tsan: deps
 	@test -f $(BUILD)-tsan/CMakeCache.txt || cmake -S . -B $(BUILD)-tsan $(SAN_FLAGS) -DLBX_SANITIZE=thread
 	cmake --build $(BUILD)-tsan -j $(JOBS) --target test_concurrency
-	cd $(BUILD)-tsan/tests && ./test_concurrency
+	cd $(BUILD)-tsan/tests && OMP_NUM_THREADS=1 ./test_concurrency
 
 fuzz: deps $(BUILD)-asan/CMakeCache.txt
 	cmake --build $(BUILD)-asan -j $(JOBS) --target lbx_fuzz

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the tests and the benchmarks need.
 # Idempotent: packages already present are left alone, and nothing runs when
-# everything is there.
+# everything is there.  The sanitizer runtimes (libasan, libubsan, libtsan)
+# come with g++.
 set -euo pipefail
 
 packages=(
@@ -25,5 +26,6 @@ if [ "$(id -u)" -ne 0 ]; then
   sudo="sudo"
 fi
 export DEBIAN_FRONTEND=noninteractive
-$sudo apt-get update -qq
+# A mirror in mid-sync makes update fail for one index; the install can still work.
+$sudo apt-get update -qq || echo "install-deps: apt-get update reported errors; installing anyway"
 $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"

@@ -7,6 +7,8 @@
 // nothing outside its arguments nor into its inputs, and returns a documented
 // IFAIL (0 or one of the routine's catalogue error numbers, -999 among them)
 // with, from a traced entry, a coded message of one of the routine's pairs.
+// Half the calls draw their scalars from ordinary ranges instead, so that the
+// searches and generators run past their checks.
 // Reverse-communication routines (IND) are driven on to the end of their
 // search, with a damaged C array now and then.
 //
@@ -242,7 +244,8 @@ struct Finding {
 
 class Call {
 public:
-    Call(Rng& rng, const Entry& e, int ifail_mode) : rng_(rng), entry_(e), ifail_mode_(ifail_mode)
+    Call(Rng& rng, const Entry& e, int ifail_mode)
+        : rng_(rng), entry_(e), ifail_mode_(ifail_mode), ordinary_(rng.chance(50))
     {
     }
     ~Call()
@@ -397,10 +400,15 @@ private:
     {
         const std::string n = name;
         if constexpr (std::is_same_v<T, double>) {
+            if (ordinary_)  // a value a search or a variate routine accepts, mostly
+                return rng_.chance(70) ? -10 + 20 * rng_.uniform()
+                                       : std::pow(10.0, -12 + 12 * rng_.uniform());
             return hostile_real(rng_);
         } else if constexpr (std::is_same_v<T, int>) {
             if (n == "IND" && rng_.chance(70))
                 return 1;
+            if (ordinary_)
+                return static_cast<int>(rng_.below(5));
             return hostile_int(rng_);
         } else {
             return T(hostile_real(rng_), hostile_real(rng_));
@@ -456,6 +464,7 @@ private:
     Rng& rng_;
     const Entry& entry_;
     int ifail_mode_;
+    bool ordinary_;  // scalars from ordinary ranges this call, to get past the checks
     bool skip_ = false;
     std::vector<Slot> slots_;
 };
