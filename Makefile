@@ -4,7 +4,21 @@ CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=Release
 JOBS ?= 2
 PREFIX ?= /usr/local
 
-.PHONY: demo check bench install deps clean format
+.PHONY: demo check bench install deps clean format check-asan check-tsan fuzz fuzz-ci
+
+# Sanitizer trees: the whole suite under AddressSanitizer, leak detection and
+# UndefinedBehaviorSanitizer; the concurrency test under ThreadSanitizer.
+SAN_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+SUPP := $(CURDIR)/tools/sanitizers
+export ASAN_OPTIONS ?= detect_leaks=1:abort_on_error=1:detect_stack_use_after_return=1
+export LSAN_OPTIONS ?= suppressions=$(SUPP)/lsan.supp:print_suppressions=0
+export UBSAN_OPTIONS ?= print_stacktrace=1:halt_on_error=1
+export TSAN_OPTIONS ?= suppressions=$(SUPP)/tsan.supp:halt_on_error=1:second_deadlock_stack=1:print_suppressions=0
+# The fuzz driver: FUZZ_SECONDS of calls from FUZZ_SEED on (make fuzz), or
+# the bounded run of CI (make fuzz-ci: fixed seeds, under ASan and UBSan).
+FUZZ_SECONDS ?= 60
+FUZZ_SEED ?= 1
+FUZZ_CI_SECONDS ?= 120
 
 # $(call configure,DIR,FLAGS): configures DIR with FLAGS when it has no cache
 # or was configured with other flags (kept in DIR/.cmake-flags); a change of
@@ -49,8 +63,35 @@ install:
 	cmake --build $(BUILD) -j $(JOBS)
 	cmake --install $(BUILD) --prefix $(PREFIX)
 
+# The sanitizer trees configure once with their own flags (the test packages).
+sanitized = $(call configure,$(BUILD)-$(1),$(SAN_FLAGS) -DBUILD_TESTING=ON -DLBX_SANITIZE=$(2))
+
+check-asan:
+	@tools/install-deps.sh test
+	$(call sanitized,asan,address)
+	cmake --build $(BUILD)-asan -j $(JOBS)
+	cd $(BUILD)-asan && ctest --output-on-failure -j $(JOBS)
+
+check-tsan:
+	@tools/install-deps.sh test
+	$(call sanitized,tsan,thread)
+	cmake --build $(BUILD)-tsan -j $(JOBS) --target test_concurrency
+	cd $(BUILD)-tsan/tests && OMP_NUM_THREADS=1 ./test_concurrency
+
+fuzz:
+	@tools/install-deps.sh test
+	$(call sanitized,asan,address)
+	cmake --build $(BUILD)-asan -j $(JOBS) --target lbx_fuzz
+	$(BUILD)-asan/tests/fuzz/lbx_fuzz --seconds $(FUZZ_SECONDS) --seed $(FUZZ_SEED)
+
+fuzz-ci:
+	@tools/install-deps.sh test
+	$(call sanitized,asan,address)
+	cmake --build $(BUILD)-asan -j $(JOBS) --target lbx_fuzz
+	$(BUILD)-asan/tests/fuzz/lbx_fuzz --seconds $(FUZZ_CI_SECONDS) --seed 1 --fixed
+
 clean:
-	rm -rf $(BUILD) $(BUILD)-bench
+	rm -rf $(BUILD) $(BUILD)-bench $(BUILD)-asan $(BUILD)-tsan
 
 format:
 	git ls-files '*.cpp' '*.hpp' '*.h' '*.c' | xargs clang-format -i

@@ -14,6 +14,7 @@ lines and message rows).  Then the emitters print the models:
   DIR/gen/C_STEM.cpp          the entries of catalogue file C/STEM.toml
   DIR/gen/lbx3207qk.h         public C header
   DIR/gen/lbx3207qk.f90       Fortran interface module
+  DIR/gen/fuzz_entries.hpp    the fuzz driver's table: a thunk per exported entry
   DIR/lbx3207qk.map           ELF version script (linux), or
   DIR/lbx3207qk.def           the four decorations of every entry (windows32)
   DIR/exports.txt             the exported symbols, one a line
@@ -39,6 +40,7 @@ from convention import CONVENTIONS  # noqa: E402
 from model import chapter_model  # noqa: E402
 import emit_cpp  # noqa: E402
 import emit_public  # noqa: E402
+import emit_fuzz  # noqa: E402
 
 
 def write(path: Path, text: str) -> None:
@@ -71,6 +73,7 @@ def generate(catalogues: list[Path], out: Path, convention: str = "linux",
             write(out / entries_file(name, stem), emit_cpp.source_entries(cm, stem, conv))
     write(out / "gen" / "lbx3207qk.h", emit_public.c_header(models, conv))
     write(out / "gen" / "lbx3207qk.f90", emit_public.fortran_module(models, conv))
+    write(out / "gen" / "fuzz_entries.hpp", emit_fuzz.fuzz_table(models, conv))
     if conv.defines_aliases:
         write(out / "lbx3207qk.map", emit_public.version_script(models))
     else:

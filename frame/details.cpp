@@ -1,8 +1,8 @@
 // A00AAF and A00ADF: what this build of the library is.
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 #include <string_view>
 
 #include "gen/frame.hpp"
@@ -26,13 +26,13 @@ constexpr std::string_view opsys = "Linux (x86-64, glibc)";
 constexpr std::string_view compiler = LBX_COMPILERS;
 
 // The BLAS the library links, as that library names itself ("OpenBLAS 0.3.21").
-std::string vendor_library()
+std::string_view vendor_library()
 {
     std::string_view config = openblas_get_config();
     std::size_t end = config.find(' ');
     if (end != std::string_view::npos)
         end = config.find(' ', end + 1);
-    return std::string(config.substr(0, end));
+    return config.substr(0, end);
 }
 
 void assign(std::span<char> out, std::string_view text)
@@ -42,40 +42,42 @@ void assign(std::span<char> out, std::string_view text)
     std::fill(out.begin() + static_cast<std::ptrdiff_t>(n), out.end(), ' ');
 }
 
+int number(std::string_view text)
+{
+    int v = 0;
+    std::from_chars(text.data(), text.data() + text.size(), v);
+    return v;
+}
+
 }  // namespace
 
+// Nothing here allocates: A00AAF and A00ADF have no IFAIL to report with.
 void A00AAFN()
 {
-    // Lines 8 to 19 document the build for readers of the source; only lines
-    // 1 to 7 and 20 are written.
-    const std::string lines[20] = {
-        " *** Start of TSL Library implementation details ***",
-        "",
-        " Implementation title: " + std::string(title),
-        "            Precision: " + std::string(precision),
-        "         Product Code: " + std::string(product),
-        "                 Level: " + std::string(major_text) + "." + std::string(minor_text),
-        "",
-        " Created using:",
-        "     hardware - " + std::string(hardware),
-        "     op. sys. - " + std::string(opsys),
-        "     compiler - " + std::string(compiler),
-        "",
-        "",
-        " Applicable to:",
-        "     hardware - " + std::string(hardware),
-        "     op. sys. - " + std::string(opsys),
-        "     compiler - " + std::string(compiler),
-        " and compatible systems.",
-        "",
-        " *** End of TSL Library implementation details ***",
+    // The lines written, each of 132 characters (a blank one is one blank).
+    const std::string_view lines[8][4] = {
+        {" *** Start of TSL Library implementation details ***"},
+        {""},
+        {" Implementation title: ", title},
+        {"            Precision: ", precision},
+        {"         Product Code: ", product},
+        {"                 Level: ", major_text, ".", minor_text},
+        {""},
+        {" *** End of TSL Library implementation details ***"},
     };
     int unit = 0;
     X04ABFN(0, unit);
-    for (int i : {0, 1, 2, 3, 4, 5, 6, 19}) {
-        std::string rec = lines[i].substr(0, 132);
-        rec.resize(132, ' ');  // each line is 132 characters: a blank one is one blank
-        x04bafnh_(&x04bafn_, &unit, rec.data(), rec.size());
+    for (const auto& parts : lines) {
+        char rec[132];
+        std::memset(rec, ' ', sizeof rec);
+        std::size_t n = 0;
+        for (std::string_view p : parts) {
+            p = p.substr(0, sizeof rec - n);
+            if (!p.empty())
+                std::memcpy(rec + n, p.data(), p.size());
+            n += p.size();
+        }
+        x04bafnh_(&x04bafn_, &unit, rec, sizeof rec);
     }
 }
 
@@ -86,8 +88,8 @@ void A00ADFN(std::span<char> impl, std::span<char> prec, std::span<char> pcode, 
     assign(impl, title);
     assign(prec, precision);
     assign(pcode, product);
-    mkmaj = std::atoi(std::string(major_text).c_str());
-    mkmin = std::atoi(std::string(minor_text).c_str());
+    mkmaj = number(major_text);
+    mkmin = number(minor_text);
     assign(hdware, hardware);
     assign(opsys_out, opsys);
     assign(fcomp, compiler);

@@ -1,6 +1,7 @@
 // Run-time support of the generated plain and traced entries.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -64,30 +65,31 @@ inline std::string_view errbuf_text(const char* errbuf)
     return {errbuf, n};
 }
 
-// Call tracing.
-extern int trace_switch;
+// Call tracing.  The switch is a relaxed atomic, as the message units are.
+extern std::atomic<int> trace_switch;
 inline bool tracing()
 {
-    return trace_switch != 0;
+    return trace_switch.load(std::memory_order_relaxed) != 0;
 }
 
 // One entry or exit frame: the header lines on construction, the closing
-// lines on destruction, an argument line per call in between.
+// lines on destruction, an argument line per call in between.  Nothing of it
+// allocates or throws.
 class TraceFrame {
 public:
     enum Kind { on_entry, on_exit };
-    TraceFrame(std::string_view routine, Kind kind);
+    TraceFrame(std::string_view routine, Kind kind) noexcept;
     ~TraceFrame();
     TraceFrame(const TraceFrame&) = delete;
     TraceFrame& operator=(const TraceFrame&) = delete;
 
-    void integer(std::string_view name, int v);
-    void real(std::string_view name, double v);
-    void complex(std::string_view name, lbx::Complex v);
-    void logical(std::string_view name, int v);
-    void character(std::string_view name, std::string_view v);
-    void array(std::string_view name, long length);
-    void procedure(std::string_view name, const void* address);
+    void integer(std::string_view name, int v) noexcept;
+    void real(std::string_view name, double v) noexcept;
+    void complex(std::string_view name, lbx::Complex v) noexcept;
+    void logical(std::string_view name, int v) noexcept;
+    void character(std::string_view name, std::string_view v) noexcept;
+    void array(std::string_view name, long length) noexcept;
+    void procedure(std::string_view name, const void* address) noexcept;
 };
 
 }  // namespace lbx::frame

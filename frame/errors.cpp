@@ -256,17 +256,24 @@ int P01ABF(int ifail, int error, std::string_view srname, int nrecords,
         return error;
     int unit = 0;
     X04AAFN(0, unit);
+    // One block, so that no other thread's records come in between.
+    RecordBlock block;
     for (int r = 0; r < nrecords; ++r)
-        X04BAFN(unit, std::string_view(records[r], record_length));
+        block.add(std::string_view(records[r], record_length));
     char line[73];
     std::snprintf(line, sizeof line, " ** ABNORMAL EXIT from TSL Library routine %.*s: IFAIL =%6d",
                   static_cast<int>(srname.size()), srname.data(), error);
-    X04BAFN(unit, line);
+    block.add(line);
+    block.add(hard ? " ** TSL hard failure - execution terminated"
+                   : " ** TSL soft failure - control returned");
+    const bool written = write_block(unit, block);
     if (hard) {
-        X04BAFN(unit, " ** TSL hard failure - execution terminated");
+        // The unit is held by the caller's own output statement: the records
+        // cannot go there, and the process must stop all the same.
+        if (!written)
+            block.write_to_stderr();
         stop_process();
     }
-    X04BAFN(unit, " ** TSL soft failure - control returned");
     return error;
 }
 

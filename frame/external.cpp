@@ -31,7 +31,7 @@ void* external_routine(const char* symbol) noexcept
         char record[record_length + 1];
         std::snprintf(record, sizeof record, " ** Routine %s not found in %s.", symbol,
                       LBX_EXTERNAL_LIBRARY);
-        X04BAFN(error_unit, record);
+        X04BAFN(error_unit.load(std::memory_order_relaxed), record);
         stop_process();
     }
     return f;

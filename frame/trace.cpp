@@ -9,27 +9,49 @@
 // a value too long for one line continued on further lines with a blank name;
 // arrays by their element count.  Lines are written to the error unit, fetched
 // anew for each line, while the switch is at most 2.
+//
+// Nothing here allocates: every line is built in a fixed buffer, so tracing
+// cannot fail for want of memory and a traced call has exactly the outcomes
+// of an untraced one.
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <string>
 
 #include "frame/entry.hpp"
 #include "frame/units.hpp"
 
 namespace lbx::frame {
 
-int trace_switch = 0;
+std::atomic<int> trace_switch{0};
 
 namespace {
 
 constexpr int trace_width = 100;
 constexpr int name_width = 45;
 constexpr int value_width = 46;
+constexpr std::string_view dashes =
+    "---------------------------------------------------------------------------";
+static_assert(dashes.size() == 75);
+
+// A short formatted value.
+struct Text {
+    char s[64];
+    int n = 0;
+    operator std::string_view() const { return {s, static_cast<std::size_t>(n)}; }
+};
+
+template <class... A>
+Text format(const char* fmt, A... a)
+{
+    Text t;
+    const int n = std::snprintf(t.s, sizeof t.s, fmt, a...);
+    t.n = std::clamp(n, 0, static_cast<int>(sizeof t.s) - 1);
+    return t;
+}
 
 bool writing()
 {
-    return trace_switch <= 2;
+    return trace_switch.load(std::memory_order_relaxed) <= 2;
 }
 
 void write_line(std::string_view text)
@@ -38,7 +60,8 @@ void write_line(std::string_view text)
         return;
     char rec[trace_width];
     std::memset(rec, ' ', trace_width);
-    std::memcpy(rec + 4, text.data(), std::min<std::size_t>(text.size(), trace_width - 4));
+    if (!text.empty())
+        std::memcpy(rec + 4, text.data(), std::min<std::size_t>(text.size(), trace_width - 4));
     int unit = 0;
     X04AAFN(0, unit);
     X04BAFN(unit, std::string_view(rec, trace_width));
@@ -46,37 +69,44 @@ void write_line(std::string_view text)
 
 void argument_line(std::string_view name, std::string_view value)
 {
-    std::string text(name.substr(0, name_width));
-    text.resize(name_width, ' ');
-    text += ":    ";
-    text += value.substr(0, value_width);
-    write_line(text);
+    char text[name_width + 5 + value_width];
+    std::memset(text, ' ', name_width);
+    name = name.substr(0, name_width);
+    if (!name.empty())
+        std::memcpy(text, name.data(), name.size());
+    std::memcpy(text + name_width, ":    ", 5);
+    value = value.substr(0, value_width);
+    if (!value.empty())
+        std::memcpy(text + name_width + 5, value.data(), value.size());
+    write_line(std::string_view(text, name_width + 5 + value.size()));
 }
 
 void address_line(const void* p)
 {
-    char text[32];
-    std::snprintf(text, sizeof text, "%p", p);
-    argument_line("   Address", text);
+    argument_line("   Address", format("%p", p));
 }
 
-std::string format_int(int v)
+Text format_int(int v)
 {
-    char text[32];
-    std::snprintf(text, sizeof text, "%20d", v);
-    return text;
+    return format("%20d", v);
 }
 
-std::string format_real(double v)
+Text format_real(double v)
 {
-    char text[64];
-    std::snprintf(text, sizeof text, "%45.16E", v);
-    return text;
+    return format("%45.16E", v);
 }
 
-std::string format_logical(int v)
+std::string_view format_logical(int v)
 {
     return (v & 1) ? "              .TRUE." : "             .FALSE.";
+}
+
+// An element name such as "IVEC(3)" or "A(2,7)".
+Text element(std::string_view name, long i, long j = 0)
+{
+    const int n = static_cast<int>(std::min<std::size_t>(name.size(), 40));
+    return j == 0 ? format("%.*s(%ld)", n, name.data(), i)
+                  : format("%.*s(%ld,%ld)", n, name.data(), i, j);
 }
 
 // Quoted text, split over as many lines as it needs.
@@ -86,15 +116,23 @@ void character_lines(std::string_view name, std::string_view value, bool full)
     if (!full)
         while (n > 0 && (value[n - 1] == ' ' || value[n - 1] == '\0'))
             --n;
-    std::string text = "'";
-    for (std::size_t i = 0; i < n; ++i) {
-        unsigned char c = static_cast<unsigned char>(value[i]);
-        text += (c < 32 || c == 127) ? '.' : static_cast<char>(c);
+    // The quoted text is a quote, the n characters with control bytes shown
+    // as '.', and a quote: character i of it is made when its line is.
+    const std::size_t quoted = n + 2;
+    for (std::size_t at = 0; at == 0 || at < quoted; at += value_width) {
+        char line[value_width];
+        const std::size_t len = std::min<std::size_t>(value_width, quoted - at);
+        for (std::size_t k = 0; k < len; ++k) {
+            const std::size_t i = at + k;
+            if (i == 0 || i == quoted - 1) {
+                line[k] = '\'';
+            } else {
+                const unsigned char c = static_cast<unsigned char>(value[i - 1]);
+                line[k] = (c < 32 || c == 127) ? '.' : static_cast<char>(c);
+            }
+        }
+        argument_line(at == 0 ? name : std::string_view(), std::string_view(line, len));
     }
-    text += "'";
-    for (std::size_t at = 0; at == 0 || at < text.size(); at += value_width)
-        argument_line(at == 0 ? name : std::string_view(),
-                      std::string_view(text).substr(at, value_width));
 }
 
 }  // namespace
@@ -103,20 +141,20 @@ void character_lines(std::string_view name, std::string_view value, bool full)
 
 void Y90GCFT(int itrace)
 {
-    trace_switch = itrace;
+    trace_switch.store(itrace, std::memory_order_relaxed);
 }
 
 void Y90GCZN(int iflag, int& itrace)
 {
     if (iflag == 0)
-        itrace = trace_switch;
+        itrace = trace_switch.load(std::memory_order_relaxed);
     else
-        trace_switch = itrace;
+        trace_switch.store(itrace, std::memory_order_relaxed);
 }
 
 int Y90GDFT()
 {
-    return trace_switch != 0 && writing() ? 1 : 0;
+    return tracing() && writing() ? 1 : 0;
 }
 
 // ---------------------------------------------------------------- record writers
@@ -149,9 +187,7 @@ void Y90ABET(std::string_view name, const Logical* value, bool addr)
 
 void Y90ACFT(std::string_view name, const double* value, bool addr)
 {
-    char text[64];
-    std::snprintf(text, sizeof text, "(%.16E,%.16E)", value[0], value[1]);
-    argument_line(name, text);
+    argument_line(name, format("(%.16E,%.16E)", value[0], value[1]));
     if (addr)
         address_line(value);
 }
@@ -166,13 +202,13 @@ void Y90AAFT(std::string_view name, std::string_view value, bool addr, bool full
 void Y90AEFT(std::string_view name, int n, const int* ivec)
 {
     for (int i = 0; i < n; ++i)
-        argument_line(std::string(name) + "(" + std::to_string(i + 1) + ")", format_int(ivec[i]));
+        argument_line(element(name, i + 1), format_int(ivec[i]));
 }
 
 void Y90AFET(std::string_view name, int n, const double* rvec)
 {
     for (int i = 0; i < n; ++i)
-        argument_line(std::string(name) + "(" + std::to_string(i + 1) + ")", format_real(rvec[i]));
+        argument_line(element(name, i + 1), format_real(rvec[i]));
 }
 
 void Y90AJFT(std::string_view name, int m, int n, const double* a, int lda)
@@ -181,16 +217,14 @@ void Y90AJFT(std::string_view name, int m, int n, const double* a, int lda)
         return;
     for (int j = 0; j < n; ++j)
         for (int i = 0; i < m; ++i)
-            argument_line(
-                std::string(name) + "(" + std::to_string(i + 1) + "," + std::to_string(j + 1) + ")",
-                format_real(a[i + static_cast<long>(j) * lda]));
+            argument_line(element(name, i + 1, j + 1),
+                          format_real(a[i + static_cast<long>(j) * lda]));
 }
 
 // ---------------------------------------------------------------- frames
 
-TraceFrame::TraceFrame(std::string_view routine, Kind kind)
+TraceFrame::TraceFrame(std::string_view routine, Kind kind) noexcept
 {
-    const std::string dashes(75, '-');
     write_line("");
     write_line(dashes);
     write_line(routine);
@@ -200,43 +234,41 @@ TraceFrame::TraceFrame(std::string_view routine, Kind kind)
 
 TraceFrame::~TraceFrame()
 {
-    write_line(std::string(75, '-'));
+    write_line(dashes);
     write_line("");
 }
 
-void TraceFrame::integer(std::string_view name, int v)
+void TraceFrame::integer(std::string_view name, int v) noexcept
 {
     argument_line(name, format_int(v));
 }
-void TraceFrame::real(std::string_view name, double v)
+void TraceFrame::real(std::string_view name, double v) noexcept
 {
     argument_line(name, format_real(v));
 }
-void TraceFrame::complex(std::string_view name, lbx::Complex v)
+void TraceFrame::complex(std::string_view name, lbx::Complex v) noexcept
 {
     const double parts[2] = {v.real(), v.imag()};
     Y90ACFT(name, parts, false);
 }
-void TraceFrame::logical(std::string_view name, int v)
+void TraceFrame::logical(std::string_view name, int v) noexcept
 {
     argument_line(name, format_logical(v));
 }
-void TraceFrame::character(std::string_view name, std::string_view v)
+void TraceFrame::character(std::string_view name, std::string_view v) noexcept
 {
     character_lines(name, v, false);
 }
 
-void TraceFrame::array(std::string_view name, long length)
+void TraceFrame::array(std::string_view name, long length) noexcept
 {
-    argument_line(name, length < 0 ? std::string("array of assumed size")
-                                   : "array of " + std::to_string(length) + " elements");
+    argument_line(name, length < 0 ? format("array of assumed size")
+                                   : format("array of %ld elements", length));
 }
 
-void TraceFrame::procedure(std::string_view name, const void* address)
+void TraceFrame::procedure(std::string_view name, const void* address) noexcept
 {
-    char text[48];
-    std::snprintf(text, sizeof text, "procedure at %p", address);
-    argument_line(name, text);
+    argument_line(name, format("procedure at %p", address));
 }
 
 }  // namespace lbx::frame

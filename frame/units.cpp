@@ -19,23 +19,23 @@ void lbx_unit_read(int unit, char* buf, int n, int* ios);
 
 namespace lbx::frame {
 
-int error_unit = 6;
-int advisory_unit = 6;
+std::atomic<int> error_unit{6};
+std::atomic<int> advisory_unit{6};
 
 void X04AAFN(int iflag, int& nerr)
 {
     if (iflag == 0)
-        nerr = error_unit;
+        nerr = error_unit.load(std::memory_order_relaxed);
     else if (iflag == 1)
-        error_unit = nerr;
+        error_unit.store(nerr, std::memory_order_relaxed);
 }
 
 void X04ABFN(int iflag, int& nadv)
 {
     if (iflag == 0)
-        nadv = advisory_unit;
+        nadv = advisory_unit.load(std::memory_order_relaxed);
     else if (iflag == 1)
-        advisory_unit = nadv;
+        advisory_unit.store(nadv, std::memory_order_relaxed);
 }
 
 void X04BAFN(int nout, std::string_view rec)

@@ -20,6 +20,28 @@ contains
     flush (unit, iostat=ios)
   end subroutine unit_write
 
+  ! Writes nrec records, record i being the next lens(i) characters of
+  ! text(1:total), with one WRITE statement: the runtime holds the unit for
+  ! the whole statement, so no other thread's record comes in between.
+  subroutine unit_write_block(unit, text, total, lens, nrec) bind(C, name="lbx_unit_write_block")
+    integer(c_int), value :: unit, total, nrec
+    character(kind=c_char), intent(in) :: text(total)
+    integer(c_int), intent(in) :: lens(nrec)
+    call write_block(unit, text, total, lens, nrec)
+  end subroutine unit_write_block
+
+  subroutine write_block(unit, text, total, lens, nrec)
+    integer(c_int), intent(in) :: unit, total, nrec, lens(nrec)
+    character(len=total), intent(in) :: text(1)
+    integer :: first(nrec), i, ios
+    first(1) = 1
+    do i = 2, nrec
+      first(i) = first(i - 1) + lens(i - 1)
+    end do
+    write (unit, '(A)', iostat=ios) (text(1)(first(i):first(i) + lens(i) - 1), i = 1, nrec)
+    flush (unit, iostat=ios)
+  end subroutine write_block
+
   ! Reads one record into buf(1:n): shorter records are blank-padded, longer
   ! ones cut.  ios: 0, negative at end of file, positive on an error.
   subroutine unit_read(unit, buf, n, ios) bind(C, name="lbx_unit_read")
