@@ -128,6 +128,7 @@ def data_sets():
     yield "two_points", [-1.5, 2.25], [3.0, -0.5]
     yield "three_points", [0.0, 1.0, 4.0], [1.0, 3.0, 3.5]
     yield "extremum_ends", [0.0, 0.5, 3.0, 3.25], [0.0, 2.0, -1.0, 5.0]
+    yield "limited_ends", [0.0, 1.0, 1.1, 2.1], [0.0, 1.0, 0.0, 1.0]
     x = sorted(rng.sample(range(1, 10**6), 40))
     yield "increasing", [v / 1024 for v in x], sorted(rng.uniform(-5, 5) for _ in x)
     x = sorted(rng.sample(range(1, 10**6), 40))
@@ -135,6 +136,7 @@ def data_sets():
     x = sorted(rng.sample(range(1, 10**6), 50))
     yield "oscillating", [v / 1000 for v in x], [rng.uniform(-1, 1) for _ in x]
     yield "flat", [float(k) for k in range(12)], [0.0, 1.0, 1.0, 1.0, 2.0, 2.0, 0.5, 0.5, 0.5, 3.0, 3.0, 1.0]
+    yield "switch_across_flat", [0.0, 1.0, 2.0, 2.5, 3.0, 3.5, 5.0], [0.0, 1.0, 0.0, 0.0, 1.0, 1.0, 0.5]
     yield "steps", [k * 0.75 for k in range(10)], [0.0, 0.0, 1.0, 1.0, 0.0, 0.0, -2.0, -2.0, -1.0, 4.0]
     x = [0.0]
     for k in range(29):

@@ -58,7 +58,7 @@ std::vector<DataSet> load()
         if (tag == "int")
             sets.back().integral.push_back({num(0), num(1), num(2)});
     }
-    EXPECT_EQ(sets.size(), 12u);
+    EXPECT_EQ(sets.size(), 14u);
     return sets;
 }
 
