@@ -24,13 +24,19 @@ inline int first_not_increasing(int n, const double* x)
     return 0;
 }
 
-// The cubic of one interval, from its end values and slopes.
+// The cubic of one interval, from its end values and slopes; what every
+// point of the interval shares (1/h, the slope of the chord and the end
+// slopes' departures from it) is computed once, here.
 struct HermiteCubic {
-    double x0, h, f0, f1, d0, d1;
+    double x0, h, f0, f1, d0, d1, r, delta, a0, a1;
 
     HermiteCubic(const double* x, const double* f, const double* d, std::ptrdiff_t j)
         : x0(x[j]), h(x[j + 1] - x[j]), f0(f[j]), f1(f[j + 1]), d0(d[j]), d1(d[j + 1])
     {
+        r = 1 / h;
+        delta = (f1 - f0) * r;
+        a0 = d0 - delta;
+        a1 = d1 - delta;
     }
 
     // Value at p: f0 + t (delta + (1 - s) ((1 - s)(d0 - delta) - s (d1 - delta)))
@@ -38,15 +44,15 @@ struct HermiteCubic {
     // f0 H00(s) + f1 H01(s) + h (d0 H10(s) + d1 H11(s)) rearranged.
     double value(double p) const
     {
-        const double r = 1 / h, t = p - x0, s = t * r, delta = (f1 - f0) * r;
-        return f0 + t * (delta + (1 - s) * ((1 - s) * (d0 - delta) - s * (d1 - delta)));
+        const double t = p - x0, s = t * r;
+        return f0 + t * (delta + (1 - s) * ((1 - s) * a0 - s * a1));
     }
 
     // First derivative at p.
     double slope(double p) const
     {
-        const double r = 1 / h, s = (p - x0) * r, delta = (f1 - f0) * r;
-        return delta + (1 - s) * (1 - 3 * s) * (d0 - delta) + s * (3 * s - 2) * (d1 - delta);
+        const double s = (p - x0) * r;
+        return delta + (1 - s) * (1 - 3 * s) * a0 + s * (3 * s - 2) * a1;
     }
 
     // The integral from x0 to p: h (f0 I00 + f1 I01 + h (d0 I10 + d1 I11)) at
@@ -59,7 +65,6 @@ struct HermiteCubic {
     // over b - a, free of the cancellation of from_left(b) - from_left(a).
     double between(double a, double b) const
     {
-        const double r = 1 / h, delta = (f1 - f0) * r;
         const double c2 = (3 * delta - 2 * d0 - d1) * r, c3 = (d0 + d1 - 2 * delta) * r * r;
         const double t = a - x0, w = b - a;
         const double v = value(a), v1 = d0 + t * (2 * c2 + 3 * c3 * t);

@@ -45,8 +45,11 @@ std::vector<DataSet> load()
         for (std::string v; s >> v;)
             w.push_back(v);
         const auto num = [&](int k) { return std::strtod(w[k].c_str(), nullptr); };
-        if (tag == "set")
-            sets.push_back({w[0], std::atoi(w[2].c_str())});
+        if (tag == "set") {
+            sets.emplace_back();
+            sets.back().name = w[0];
+            sets.back().switches = std::atoi(w[2].c_str());
+        }
         if (tag == "pt") {
             sets.back().x.push_back(num(0));
             sets.back().f.push_back(num(1));
