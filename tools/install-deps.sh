@@ -3,6 +3,7 @@
 #   tools/install-deps.sh build   the library and the demo
 #   tools/install-deps.sh test    the above and the test suite (make check)
 #   tools/install-deps.sh bench   the library and the benchmarks with their peers
+#                                 (python3-scipy: bench/pchip_scipy.py, run by /usr/bin/python3)
 # (no argument: test).  Idempotent: packages already present are left alone,
 # and nothing runs when everything is there.  Installing needs root or sudo;
 # without either it prints the command to run and fails.  The sanitizer
@@ -11,7 +12,7 @@ set -euo pipefail
 
 build=(g++ gfortran cmake ninja-build make python3 binutils libopenblas-dev liblapack-dev)
 test=(python3-mpmath libgtest-dev libgmock-dev clang-format pkg-config)
-bench=(libbenchmark-dev libgsl-dev libboost-dev)
+bench=(libbenchmark-dev libgsl-dev libboost-dev python3-scipy)
 
 case "${1:-test}" in
   build) packages=("${build[@]}") ;;
