@@ -1,9 +1,11 @@
-# The two commands of the README, and the benchmarks.
+# The two commands of the README, the benchmarks, and the Windows DLL.
 BUILD ?= build
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=Release
 JOBS ?= 2
 
-.PHONY: demo check bench deps configure clean format
+DLL_BUILD ?= build-dll
+
+.PHONY: demo check bench deps configure clean format dll-deps dll check-dll
 
 deps:
 	@tools/install-deps.sh
@@ -24,8 +26,23 @@ bench: deps
 	cmake --build $(BUILD)-bench -j $(JOBS)
 	@for b in $(BUILD)-bench/bench/bench_*; do echo "== $$b"; $$b --benchmark_counters_tabular=true || exit 1; done
 
+# The 32-bit Windows DLL: Debian's mingw-w64 cross compilers and Wine are
+# installed on first use; reference BLAS/LAPACK and FFTW are cross-built from
+# Debian's source packages once and cached in $(DLL_BUILD)/deps.
+dll-deps:
+	@tools/install-deps.sh --windows
+	@JOBS=$(JOBS) tools/build-win-deps.sh $(DLL_BUILD)/deps lapack fftw
+
+dll: dll-deps
+	@test -f $(DLL_BUILD)/CMakeCache.txt || cmake -S windows -B $(DLL_BUILD) -G Ninja \
+	  -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/cmake/mingw-i686.cmake -DLBX_DEPS=$(CURDIR)/$(DLL_BUILD)/deps/prefix
+	cmake --build $(DLL_BUILD) -j $(JOBS)
+
+check-dll: dll
+	tests/dll/run.sh $(DLL_BUILD) -j $(JOBS) --timeout 300
+
 clean:
-	rm -rf $(BUILD) $(BUILD)-bench
+	rm -rf $(BUILD) $(BUILD)-bench $(DLL_BUILD)
 
 format:
 	git ls-files '*.cpp' '*.hpp' '*.h' '*.c' | xargs clang-format -i
