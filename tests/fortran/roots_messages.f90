@@ -169,6 +169,8 @@ contains
     double precision, intent(in) :: xx
     integer, intent(inout) :: iuser(*)
     double precision, intent(inout) :: ruser(*)
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fsq
     iuser(1) = iuser(1) + 1
     fsq = xx * xx - 2.0d0 + 0.0d0 * ruser(1)
   end function fsq
@@ -177,6 +179,8 @@ contains
     double precision, intent(in) :: xx
     integer, intent(inout) :: iuser(*)
     double precision, intent(inout) :: ruser(*)
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fplus
     iuser(1) = iuser(1) + 1
     fplus = xx * xx + 1.0d0 + 0.0d0 * ruser(1)
   end function fplus
@@ -185,12 +189,16 @@ contains
     double precision, intent(in) :: xx
     integer, intent(inout) :: iuser(*)
     double precision, intent(inout) :: ruser(*)
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fpole
     iuser(1) = iuser(1) + 1
     fpole = 1.0d0 / (xx - 0.3d0) + 0.0d0 * ruser(1)
   end function fpole
 
   double precision function fsq_old(xx)
     double precision, intent(in) :: xx
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fsq_old
     fsq_old = xx * xx - 2.0d0
   end function fsq_old
 

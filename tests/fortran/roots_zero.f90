@@ -177,6 +177,8 @@ contains
     double precision, intent(in) :: xx
     integer, intent(inout) :: iuser(*)
     double precision, intent(inout) :: ruser(*)
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fsq
     iuser(1) = iuser(1) + 1
     if (iuser(1) == 1) iuser(2) = 77
     fsq = xx * xx - ruser(1)
@@ -186,12 +188,16 @@ contains
     double precision, intent(in) :: xx
     integer, intent(inout) :: iuser(*)
     double precision, intent(inout) :: ruser(*)
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fsq2at2
     iuser(1) = iuser(1) + 1
     fsq2at2 = xx - 2.0d0 + 0.0d0 * ruser(1)
   end function fsq2at2
 
   double precision function fexp(xx)
     double precision, intent(in) :: xx
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fexp
     fexp = exp(-xx) - xx
   end function fexp
 
