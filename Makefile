@@ -39,7 +39,7 @@ dll: dll-deps
 	cmake --build $(DLL_BUILD) -j $(JOBS)
 
 check-dll: dll
-	tests/dll/run.sh $(DLL_BUILD) -j $(JOBS) --timeout 300
+	tests/dll/run.sh $(DLL_BUILD) -j $(JOBS) --timeout 120
 
 clean:
 	rm -rf $(BUILD) $(BUILD)-bench $(DLL_BUILD)

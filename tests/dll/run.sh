@@ -7,7 +7,7 @@ set -uo pipefail
 build=$(cd "${1:?usage: $0 BUILD_DIR [ctest options]}" && pwd)
 shift
 export WINEPREFIX=$build/wineprefix WINEDEBUG=-all
-xvfb-run -a -s "-screen 0 1024x768x24 -nolisten tcp" ctest --test-dir "$build" --output-on-failure "$@"
+xvfb-run -a -s "-screen 0 1280x1024x24 -nolisten tcp" ctest --test-dir "$build" --output-on-failure "$@"
 rc=$?
 wineserver -k 2>/dev/null || true
 exit $rc

@@ -38,9 +38,30 @@ void write_record(const std::string& rec)
     X04BAF(&unit, rec.data(), static_cast<int32_t>(rec.size()));
 }
 
+// The output windows of this process (other tests may show theirs at the same
+// time).
+BOOL CALLBACK collect_output_windows(HWND w, LPARAM found)
+{
+    char title[64] = "";
+    DWORD pid = 0;
+    GetWindowThreadProcessId(w, &pid);
+    GetWindowTextA(w, title, sizeof title);
+    if (pid == GetCurrentProcessId() && std::strcmp(title, "TSL Output Window") == 0)
+        reinterpret_cast<std::vector<HWND>*>(found)->push_back(w);
+    return TRUE;
+}
+
+std::vector<HWND> output_windows()
+{
+    std::vector<HWND> found;
+    EnumWindows(collect_output_windows, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
 HWND output_window()
 {
-    return FindWindowA(nullptr, "TSL Output Window");
+    auto found = output_windows();
+    return found.empty() ? nullptr : found.front();
 }
 
 std::string window_text()
@@ -143,15 +164,6 @@ int full()
     return failures;
 }
 
-BOOL CALLBACK count_output_windows(HWND w, LPARAM count)
-{
-    char title[64] = "";
-    GetWindowTextA(w, title, sizeof title);
-    if (std::strcmp(title, "TSL Output Window") == 0)
-        ++*reinterpret_cast<int*>(count);
-    return TRUE;
-}
-
 int threads()
 {
     std::vector<std::thread> pool;
@@ -163,9 +175,7 @@ int threads()
     for (auto& th : pool)
         th.join();
     auto lines = lines_of(window_text());
-    int windows = 0;
-    EnumWindows(count_output_windows, reinterpret_cast<LPARAM>(&windows));
-    expect(windows == 1, "one window for four threads");
+    expect(output_windows().size() == 1, "one window for four threads");
     expect(lines.size() == 100, "all 100 records arrived (" + std::to_string(lines.size()) + ")");
     int next[4] = {1, 1, 1, 1};
     bool intact = true;

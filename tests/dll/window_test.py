@@ -32,7 +32,7 @@ def main() -> int:
         work = Path(work)
         command = [wine, str(program), mode]
         if shot is not None:
-            command = [wine, "explorer", "/desktop=lbx3207qk,1024x768", winpath(program), mode,
+            command = [wine, "explorer", "/desktop=lbx3207qk,1280x1024", winpath(program), mode,
                        "--hold", winpath(work)]
         out = open(work / "stdout.txt", "w+b")
         proc = subprocess.Popen(command, cwd=work, stdout=out, stderr=subprocess.STDOUT)
