@@ -3,8 +3,10 @@ BUILD ?= build
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=Release
 JOBS ?= 2
 PREFIX ?= /usr/local
+DLL_BUILD ?= build-dll
 
-.PHONY: demo check bench install deps clean format check-asan check-tsan fuzz fuzz-ci
+.PHONY: demo check bench install deps clean format check-asan check-tsan fuzz fuzz-ci \
+	dll-deps dll check-dll
 
 # Sanitizer trees: the whole suite under AddressSanitizer, leak detection and
 # UndefinedBehaviorSanitizer; the concurrency test under ThreadSanitizer.
@@ -90,8 +92,22 @@ fuzz-ci:
 	cmake --build $(BUILD)-asan -j $(JOBS) --target lbx_fuzz
 	$(BUILD)-asan/tests/fuzz/lbx_fuzz --seconds $(FUZZ_CI_SECONDS) --seed 1 --fixed
 
+# The 32-bit Windows DLL, cross-built with mingw-w64 (LAPACK and FFTW built once
+# from Debian's source packages into $(DLL_BUILD)/deps), and its tests under Wine.
+dll-deps:
+	@tools/install-deps.sh windows
+	@JOBS=$(JOBS) tools/build-win-deps.sh $(DLL_BUILD)/deps lapack fftw
+
+dll: dll-deps
+	@test -f $(DLL_BUILD)/CMakeCache.txt || cmake -S windows -B $(DLL_BUILD) -G Ninja \
+	  -DCMAKE_TOOLCHAIN_FILE=$(CURDIR)/cmake/mingw-i686.cmake -DLBX_DEPS=$(CURDIR)/$(DLL_BUILD)/deps/prefix
+	cmake --build $(DLL_BUILD) -j $(JOBS)
+
+check-dll: dll
+	tests/dll/run.sh $(DLL_BUILD) -j $(JOBS) --timeout 120
+
 clean:
-	rm -rf $(BUILD) $(BUILD)-bench $(BUILD)-asan $(BUILD)-tsan
+	rm -rf $(BUILD) $(BUILD)-bench $(BUILD)-asan $(BUILD)-tsan $(DLL_BUILD)
 
 format:
 	git ls-files '*.cpp' '*.hpp' '*.h' '*.c' | xargs clang-format -i

@@ -139,7 +139,9 @@ def entries_header(cm: ChapterModel, conv) -> str:
     out = [BANNER.format(src=sources_label(ch)),
            "#pragma once\n\n#include <cstddef>\n#include <cstdint>\n\n",
            f"#include \"gen/{ch.name}.hpp\"\n\n",
-           "#define LBX_API __attribute__((visibility(\"default\")))\n\n",
+           ("#define LBX_API __attribute__((visibility(\"default\")))\n\n" if conv.defines_aliases else
+            "// Exported by the .def file under every decoration; a dllexport here would\n"
+            "// collapse them.\n#define LBX_API\n\n"),
            f"using namespace lbx::{ch.name};\n\n"]
     for m in cm.routines:
         out += [declaration(e, conv) + ";\n" for e in m.entries]

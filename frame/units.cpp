@@ -1,18 +1,22 @@
 // X04AAF, X04ABF (unit numbers), X04BAF (write a record), X04BBF (read one).
 //
-// On Linux every record for a unit of zero or more is written through the
-// Fortran runtime: a unit the caller has not connected is connected by the
-// runtime's own default (file fort.N), and the preconnected units 5 and 6 are
-// standard input and output.  There is no output window on this platform.
+// Every record for a unit of zero or more is written through the Fortran
+// runtime: a unit the caller has not connected is connected by the runtime's
+// own default (file fort.N), and the preconnected units 5 and 6 are standard
+// input and output.  On Linux that is all.  On Windows a record for the console
+// device "CONOUT$", or for a unit not connected at all, goes to the output
+// window when the process has no console (frame/window.cpp).
 #include "frame/units.hpp"
 
 #include <cfenv>
 #include <cstdio>
 
 #include "frame/fail.hpp"
+#include "frame/window.hpp"
 
 extern "C" {
 void lbx_unit_write(int unit, const char* rec, int n);
+void lbx_unit_inquire(int unit, char* name, int n, int* opened);
 void lbx_unit_read(int unit, char* buf, int n, int* ios);
 [[noreturn]] void lbx_process_stop();
 }
@@ -21,6 +25,27 @@ namespace lbx::frame {
 
 std::atomic<int> error_unit{6};
 std::atomic<int> advisory_unit{6};
+
+#ifdef _WIN32
+namespace {
+
+// Whether unit is the console device or not connected at all.
+bool for_window(int unit)
+{
+    char name[40];
+    int opened = 0;
+    lbx_unit_inquire(unit, name, static_cast<int>(sizeof name), &opened);
+    if (opened == 0)
+        return true;
+    // The runtime pads the name with blanks or ends it with NULs.
+    std::string_view n(name, sizeof name);
+    n = n.substr(0, n.find('\0'));
+    n = n.substr(0, n.find_last_not_of(' ') + 1);
+    return n == "CONOUT$";
+}
+
+}  // namespace
+#endif
 
 void X04AAFN(int iflag, int& nerr)
 {
@@ -45,6 +70,12 @@ void X04BAFN(int nout, std::string_view rec)
     std::size_t len = rec.size();
     while (len >= 2 && rec[len - 1] == ' ')
         --len;
+#ifdef _WIN32
+    if (for_window(nout) && !window::has_console()) {
+        window::show_record(rec.substr(0, len));
+        return;
+    }
+#endif
     // A C caller's own buffered output comes first.
     std::fflush(stdout);
     lbx_unit_write(nout, rec.data(), static_cast<int>(len));

@@ -59,6 +59,25 @@ contains
     end if
   end subroutine unit_read
 
+  ! The name of the file connected to unit (blank-padded to n characters) and
+  ! whether the unit is connected at all (opened 1 or 0).
+  subroutine unit_inquire(unit, name, n, opened) bind(C, name="lbx_unit_inquire")
+    integer(c_int), value :: unit, n
+    character(kind=c_char), intent(out) :: name(n)
+    integer(c_int), intent(out) :: opened
+    character(len=n) :: text
+    logical :: od
+    integer :: i, ios
+    text = ' '
+    od = .false.
+    inquire (unit=unit, opened=od, name=text, iostat=ios)
+    if (ios /= 0) od = .false.
+    opened = merge(1, 0, od)
+    do i = 1, n
+      name(i) = text(i:i)
+    end do
+  end subroutine unit_inquire
+
   subroutine process_stop() bind(C, name="lbx_process_stop")
     stop
   end subroutine process_stop

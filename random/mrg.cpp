@@ -12,6 +12,7 @@
 #include <array>
 #include <cstdint>
 
+#include "frame/uint128.hpp"
 #include "random/engines.hpp"
 #include "random/state.hpp"
 
@@ -19,7 +20,7 @@ namespace lbx::random::mrg {
 namespace {
 
 using u64 = std::uint64_t;
-using u128 = unsigned __int128;
+using u128 = lbx::uint128;
 using Matrix = std::array<u64, 9>;
 
 constexpr std::int64_t kM1 = 4294967087;

@@ -100,5 +100,7 @@ subroutine my_writer(nout, rec)
   implicit none
   integer, intent(in) :: nout
   character(len=*), intent(in) :: rec
+  ! The library calls it back with the stdcall convention of 32-bit Windows.
+  !GCC$ ATTRIBUTES STDCALL :: my_writer
   print '(A,I2,A,A,A)', 'my writer: unit', nout, ' [', rec, ']'
 end subroutine my_writer

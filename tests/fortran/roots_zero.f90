@@ -97,6 +97,8 @@ contains
     double precision, intent(in) :: xx
     integer, intent(inout) :: iuser(*)
     double precision, intent(inout) :: ruser(*)
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fsq
     iuser(1) = iuser(1) + 1
     if (iuser(1) == 1) iuser(2) = 77
     fsq = xx * xx - ruser(1)
@@ -104,11 +106,15 @@ contains
 
   double precision function fplus(xx)
     double precision, intent(in) :: xx
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fplus
     fplus = xx * xx + 1.0d0
   end function fplus
 
   double precision function fexp(xx)
     double precision, intent(in) :: xx
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: fexp
     fexp = exp(-xx) - xx
   end function fexp
 

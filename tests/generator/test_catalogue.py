@@ -170,6 +170,14 @@ class WholeLibrary(unittest.TestCase):
             for line in ["_M01CAF@24=M01CAF@24", "    M01CAF=M01CAF@24", "_m01caf_=M01CAF@24",
                          "_C05AYF_FH@16=C05AYF_FH@16"]:
                 self.assertIn(line, deffile)
+            # gfortran callers: each CHARACTER length right after its address,
+            # procedures as addresses, the entry by its undecorated name.
+            module = (out / "win" / "gen" / "lbx3207qk.f90").read_text()
+            self.assertIn('subroutine lbx_m01caf(rv, m1, m2, order, order_len, ifail) bind(C, name="M01CAF")',
+                          module)
+            self.assertIn("call lbx_m01caf(rv, m1, m2, order, len(order, c_int32_t), ifail)", module)
+            self.assertIn("c_funloc(f)", module)
+            self.assertIn('double precision function s14aaf(x, ifail) bind(C, name="S14AAF")', module)
             sources = sorted(str(p) for p in (out / "win" / "gen").glob("*_routines*.cpp"))
             run = subprocess.run([CXX, "-std=c++20", "-fsyntax-only", "-Wno-attributes",
                                   f"-I{SOURCE}", f"-I{out / 'win'}", *sources],

@@ -1,0 +1,14 @@
+# Cross-building for 32-bit Windows with Debian's mingw-w64 i686 compilers
+# (the posix thread model, which static libgomp needs).
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86)
+set(LBX_MINGW_PREFIX i686-w64-mingw32)
+set(CMAKE_C_COMPILER ${LBX_MINGW_PREFIX}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${LBX_MINGW_PREFIX}-g++-posix)
+set(CMAKE_Fortran_COMPILER ${LBX_MINGW_PREFIX}-gfortran-posix)
+set(CMAKE_RC_COMPILER ${LBX_MINGW_PREFIX}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${LBX_MINGW_PREFIX})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
