@@ -18,12 +18,12 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <new>
+#include <semaphore>
 
 #include "frame/units.hpp"
 
@@ -38,6 +38,7 @@ constexpr int busy_bound_seconds = 2;
 
 struct Job {
     std::atomic<int> owners{2};
+    std::binary_semaphore written{0};
     int unit = 0;
     RecordBlock block;
 };
@@ -71,6 +72,7 @@ void* run_job(void* p)
 {
     Job* job = static_cast<Job*>(p);
     job->block.write_here(job->unit);
+    job->written.release();
     release(job);
     return nullptr;
 }
@@ -98,16 +100,10 @@ bool write_block(int unit, const RecordBlock& block) noexcept
         block.write_here(unit);
         return true;
     }
-    timespec deadline{};
-    clock_gettime(CLOCK_REALTIME, &deadline);
-    deadline.tv_sec += busy_bound_seconds;
-    int joined;
-    while ((joined = pthread_timedjoin_np(helper, nullptr, &deadline)) == EINTR) {
-    }
-    if (joined != 0)
-        pthread_detach(helper);
+    pthread_detach(helper);
+    const bool written = job->written.try_acquire_for(std::chrono::seconds(busy_bound_seconds));
     release(job);
-    return joined == 0;
+    return written;
 }
 
 void RecordBlock::write_here(int unit) const noexcept

@@ -12,7 +12,8 @@ set -e
 wine=$1
 wineserver=$2
 mkdir -p "$WINEPREFIX"
-"$wineserver" -p300 </dev/null >/dev/null 2>&1
+# A server already running for the prefix (one the build started) is kept.
+"$wineserver" -p300 </dev/null >/dev/null 2>&1 || true
 "$wine" wineboot --init </dev/null >/dev/null 2>&1
 "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
   </dev/null >/dev/null 2>&1
