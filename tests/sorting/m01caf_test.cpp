@@ -1,8 +1,7 @@
 // M01CAF's fast paths against std::sort (an independent sort: data free of NaNs
 // and of mixed signed zeros has one ascending order), data with NaNs and both
 // zeros against a transcription of the defining quicksort, segment boundaries,
-// lengths around the switch to the radix sort, and its messages in their check
-// order.
+// lengths around the switch to the radix sort (its messages: messages_test.cpp).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,7 +18,6 @@
 
 #include "gen/sorting.hpp"
 #include "lbx3207qk.h"
-#include "tests/support/messages.hpp"
 
 // Allocation failure on demand: the allocation after `fail_countdown` more
 // allocations throws (a negative countdown never fails).
@@ -208,38 +206,6 @@ TEST(M01CAF, MatchesTheReferenceQuicksortWithNaNsAndSignedZeros)
             }
         }
     }
-}
-
-lbx::test::Raised sort(int m1, int m2, const char* order, std::size_t len = 1)
-{
-    double rv[4] = {4, 3, 2, 1};
-    const lbx::test::Raised r =
-        lbx::test::traced([&](char* e, int* i) { m01caft_(rv, &m1, &m2, order, e, i, len, 200); });
-    const bool moved = rv[0] != 4 || rv[1] != 3 || rv[2] != 2 || rv[3] != 1;
-    EXPECT_EQ(moved, r.ifail == 0 && m1 < m2) << m1 << " " << m2 << " " << order;
-    return r;
-}
-
-TEST(M01CAF, EveryMessageInItsCheckOrder)
-{
-    using T = lbx::test::Trigger;
-    lbx::test::check_catalogue(
-        lbx::sorting::catalogue_messages,
-        {
-            T{"M01CAF", "M2_LT_1", [] { return sort(1, 0, "A"); }, {"0"}},
-            T{"M01CAF", "M2_LT_1", [] { return sort(-5, -7, "Q"); }, {"-7"}, "before M1 and ORDER"},
-            T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "A"); }, {"0"}},
-            T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "Q"); }, {"0"}, "before ORDER"},
-            T{"M01CAF", "M1_GT_M2", [] { return sort(4, 3, "A"); }, {"4", "3"}},
-            T{"M01CAF", "M1_GT_M2", [] { return sort(3, 2, "Q"); }, {"3", "2"}, "before ORDER"},
-            T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "Z"); }, {"Z"}},
-            T{"M01CAF", "BAD_ORDER", [] { return sort(2, 2, " "); }, {""}, "one element"},
-            T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "\x01"); }, {""}, "separator byte"},
-            T{"M01CAF", "", [] { return sort(2, 2, "d"); }, {}, "one element is left alone"},
-            T{"M01CAF", "", [] { return sort(1, 4, "ascending", 9); }, {}, "first character"},
-            T{"M01CAF", "", [] { return sort(1, 4, "A", 0); }, {}, "declared length 1"},
-            T{"M01CAF", "", [] { return sort(3, 4, "a"); }},
-        });
 }
 
 TEST(M01CAF, SortsWhenTheFastPathCannotAllocate)

@@ -1,0 +1,242 @@
+// The chapter's one message table: every catalogue message of the sorting
+// routines raised by a call with one bad argument (or several, to pin the check
+// order), its values quoted, and the outputs untouched on failure.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "gen/sorting.hpp"
+#include "lbx3207qk.h"
+#include "tests/support/messages.hpp"
+
+namespace {
+
+using lbx::test::Raised;
+
+Raised sort(int m1, int m2, const char* order, std::size_t len = 1)
+{
+    double rv[4] = {4, 3, 2, 1};
+    const Raised r =
+        lbx::test::traced([&](char* e, int* i) { m01caft_(rv, &m1, &m2, order, e, i, len, 200); });
+    const bool moved = rv[0] != 4 || rv[1] != 3 || rv[2] != 2 || rv[3] != 1;
+    EXPECT_EQ(moved, r.ifail == 0 && m1 < m2) << m1 << " " << m2 << " " << order;
+    return r;
+}
+
+// IRANK must be untouched on failure and fully written on success.
+void check_irank(const std::vector<int>& irank, int first, int last, const Raised& r)
+{
+    for (int i = 0; i < static_cast<int>(irank.size()); ++i) {
+        const bool written = irank[i] != -7;
+        EXPECT_EQ(written, r.ifail == 0 && i + 1 >= first && i + 1 <= last)
+            << "IRANK(" << i + 1 << ")";
+    }
+}
+
+Raised rank_vector(bool real, int m1, int m2, const char* order)
+{
+    const double rv[5] = {3, 1, 2, 1, 0};
+    const int iv[5] = {3, 1, 2, 1, 0};
+    std::vector<int> irank(5, -7);
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        if (real)
+            m01daft_(rv, &m1, &m2, order, irank.data(), e, i, 1, 200);
+        else
+            m01dbft_(iv, &m1, &m2, order, irank.data(), e, i, 1, 200);
+    });
+    check_irank(irank, m1, m2, r);
+    return r;
+}
+
+// M01DEF, M01DFF, M01DJF, M01DKF (which = 0..3) on a 4 by 3 matrix; IRANK is
+// indexed by rows for the first two.
+Raised rank_matrix(int which, int ldm, int m1, int m2, int n1, int n2, const char* order = "A")
+{
+    const double rm[12] = {1, 2, 1, 0, 5, 4, 5, 3, 0, 0, 1, 1};
+    const int im[12] = {1, 2, 1, 0, 5, 4, 5, 3, 0, 0, 1, 1};
+    std::vector<int> irank(4, -7);
+    int* ir = irank.data();
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        if (which == 0)
+            m01deft_(rm, &ldm, &m1, &m2, &n1, &n2, order, ir, e, i, 1, 200);
+        else if (which == 1)
+            m01dfft_(im, &ldm, &m1, &m2, &n1, &n2, order, ir, e, i, 1, 200);
+        else if (which == 2)
+            m01djft_(rm, &ldm, &m1, &m2, &n1, &n2, order, ir, e, i, 1, 200);
+        else
+            m01dkft_(im, &ldm, &m1, &m2, &n1, &n2, order, ir, e, i, 1, 200);
+    });
+    check_irank(irank, which < 2 ? m1 : n1, which < 2 ? m2 : n2, r);
+    return r;
+}
+
+int by_value(const int* i, const int* j, int*, double* ruser)
+{
+    return ruser[*i - 1] > ruser[*j - 1];
+}
+
+Raised rank_user(int m1, int m2)
+{
+    double ruser[4] = {4, 3, 2, 1};
+    int iuser[1] = {0};
+    std::vector<int> irank(4, -7);
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        m01dzft_(&by_value, &m01dzf_comparh_, &m1, &m2, irank.data(), iuser, ruser, e, i, 200);
+    });
+    check_irank(irank, m1, m2, r);
+    return r;
+}
+
+Raised search(bool real, bool valid, int m1, int m2, std::vector<double> x, double item = 2)
+{
+    const std::vector<int> ix(x.begin(), x.end());
+    const int v = valid ? 1 : 0, it = static_cast<int>(item);
+    int result = -1;
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        result = real ? m01naft_(&v, x.data(), &m1, &m2, &item, e, i, 200)
+                      : m01nbft_(&v, ix.data(), &m1, &m2, &it, e, i, 200);
+    });
+    if (r.ifail != 0)
+        EXPECT_EQ(result, 0) << "the value on failure";
+    return r;
+}
+
+TEST(Sorting, EveryMessageInItsCheckOrder)
+{
+    using T = lbx::test::Trigger;
+    std::vector<T> rows = {
+        T{"M01CAF", "M2_LT_1", [] { return sort(1, 0, "A"); }, {"0"}},
+        T{"M01CAF", "M2_LT_1", [] { return sort(-5, -7, "Q"); }, {"-7"}, "before M1 and ORDER"},
+        T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "A"); }, {"0"}},
+        T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "Q"); }, {"0"}, "before ORDER"},
+        T{"M01CAF", "M1_GT_M2", [] { return sort(4, 3, "A"); }, {"4", "3"}},
+        T{"M01CAF", "M1_GT_M2", [] { return sort(3, 2, "Q"); }, {"3", "2"}, "before ORDER"},
+        T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "Z"); }, {"Z"}},
+        T{"M01CAF", "BAD_ORDER", [] { return sort(2, 2, " "); }, {""}, "one element"},
+        T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "\x01"); }, {""}, "separator byte"},
+        T{"M01CAF", "", [] { return sort(2, 2, "d"); }, {}, "one element is left alone"},
+        T{"M01CAF", "", [] { return sort(1, 4, "ascending", 9); }, {}, "first character"},
+        T{"M01CAF", "", [] { return sort(1, 4, "A", 0); }, {}, "declared length 1"},
+        T{"M01CAF", "", [] { return sort(3, 4, "a"); }},
+    };
+    for (bool real : {true, false}) {
+        const char* name = real ? "M01DAF" : "M01DBF";
+        rows.insert(
+            rows.end(),
+            {
+                T{name, "M2_LT_1", [=] { return rank_vector(real, 0, 0, "Q"); }, {"0"}, "first"},
+                T{name,
+                  "M1_LT_1",
+                  [=] { return rank_vector(real, 0, 3, "Q"); },
+                  {"0"},
+                  "before ORDER"},
+                T{name, "M1_GT_M2", [=] { return rank_vector(real, 4, 3, "Q"); }, {"4", "3"}},
+                T{name,
+                  "BAD_ORDER",
+                  [=] { return rank_vector(real, 2, 2, "x"); },
+                  {"x"},
+                  "one element"},
+                T{name, "", [=] { return rank_vector(real, 2, 2, "d"); }, {}, "one element"},
+                T{name, "", [=] { return rank_vector(real, 2, 5, "a"); }, {}, "IRANK(2..5) only"},
+            });
+    }
+    const char* matrix_names[] = {"M01DEF", "M01DFF", "M01DJF", "M01DKF"};
+    for (int w = 0; w < 4; ++w) {
+        const char* name = matrix_names[w];
+        rows.insert(
+            rows.end(),
+            {
+                T{name, "M2_LT_1", [=] { return rank_matrix(w, 0, 0, 0, 0, 0, "Q"); }, {"0"}},
+                T{name, "M1_LT_1", [=] { return rank_matrix(w, 0, 0, 4, 0, 0, "Q"); }, {"0"}},
+                T{name, "M1_GT_M2", [=] { return rank_matrix(w, 0, 3, 2, 0, 0); }, {"3", "2"}},
+                T{name, "N2_LT_1", [=] { return rank_matrix(w, 0, 1, 4, 0, 0, "Q"); }, {"0"}},
+                T{name, "N1_LT_1", [=] { return rank_matrix(w, 0, 1, 4, 0, 3, "Q"); }, {"0"}},
+                T{name, "N1_GT_N2", [=] { return rank_matrix(w, 0, 1, 4, 3, 2); }, {"3", "2"}},
+                T{name,
+                  "LDM_LT_M2",
+                  [=] { return rank_matrix(w, 3, 1, 4, 1, 3, "Q"); },
+                  {"3", "4"},
+                  "before ORDER"},
+                T{name, "BAD_ORDER", [=] { return rank_matrix(w, 4, 1, 4, 1, 3, "E"); }, {"E"}},
+                T{name, "", [=] { return rank_matrix(w, 4, 2, 3, 2, 3, "D"); }},
+                T{name, "", [=] { return rank_matrix(w, 3, 1, 3, 3, 3); }, {}, "LDM = M2"},
+            });
+    }
+    rows.insert(rows.end(), {
+                                T{"M01DZF", "M2_LT_1", [] { return rank_user(-1, -1); }, {"-1"}},
+                                T{"M01DZF", "M1_LT_1", [] { return rank_user(-1, 3); }, {"-1"}},
+                                T{"M01DZF", "M1_GT_M2", [] { return rank_user(3, 1); }, {"3", "1"}},
+                                T{"M01DZF", "", [] { return rank_user(2, 4); }},
+                            });
+    for (bool real : {true, false}) {
+        const char* name = real ? "M01NAF" : "M01NBF";
+        rows.insert(rows.end(), {
+                                    T{name,
+                                      "M2_LT_1",
+                                      [=] {
+                                          return search(real, true, 0, 0, {1, 2, 3});
+                                      },
+                                      {"0"}},
+                                    T{name,
+                                      "M1_LT_1",
+                                      [=] {
+                                          return search(real, true, 0, 2, {3, 2, 1});
+                                      },
+                                      {"0"},
+                                      "first"},
+                                    T{name,
+                                      "M1_GT_M2",
+                                      [=] {
+                                          return search(real, true, 3, 2, {1, 2, 3});
+                                      },
+                                      {"3", "2"}},
+                                    T{name,
+                                      "NOT_ASCENDING",
+                                      [=] {
+                                          return search(real, true, 1, 4, {1, 2, 2, 1});
+                                      },
+                                      {"3"}},
+                                    T{name,
+                                      "NOT_ASCENDING",
+                                      [=] {
+                                          return search(real, true, 2, 3, {9, 5, 4});
+                                      },
+                                      {"2"},
+                                      "from M1"},
+                                    T{name,
+                                      "",
+                                      [=] {
+                                          return search(real, true, 1, 3, {2, 2, 2});
+                                      },
+                                      {},
+                                      "ties"},
+                                    T{name,
+                                      "",
+                                      [=] {
+                                          return search(real, true, 2, 3, {9, 1, 4, 0});
+                                      },
+                                      {},
+                                      "segment only"},
+                                    T{name,
+                                      "",
+                                      [=] {
+                                          return search(real, false, 1, 3, {3, 2, 1});
+                                      },
+                                      {},
+                                      "not checked"},
+                                });
+    }
+    rows.push_back(T{"M01NAF",
+                     "NOT_ASCENDING",
+                     [] {
+                         return search(true, true, 1, 3, {1, NAN, 3});
+                     },
+                     {"1"},
+                     "a NaN"});
+    lbx::test::check_catalogue(lbx::sorting::catalogue_messages, rows);
+}
+
+}  // namespace
