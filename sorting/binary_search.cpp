@@ -3,8 +3,9 @@
 //
 // A branch-free binary search: the window halves each step by a conditional
 // move, so a search in n elements reads ceil(log2 n) + 1 of them and takes
-// no mispredicted branches; with several equal elements the last one is
-// found.  A NaN ITEM comes after every number, as in the ranking routines:
+// no mispredicted branches; the two elements the next step may read are
+// prefetched during each step, so the cache misses of long vectors overlap; with several equal
+// elements the last one is found.  A NaN ITEM comes after every number, as in the ranking routines:
 // the result is M2.  With VALID the segment is first checked to be ascending
 // (one pass, refusing NaNs); without it an unordered segment gives some index
 // in M1 - 1 .. M2.  The function's value on failure is 0.
@@ -26,6 +27,9 @@ std::size_t count_not_greater(const T* x, std::size_t n, T item)
     const T* base = x;
     while (n > 1) {
         const std::size_t half = n / 2;
+        // Both candidates of the next step, fetched while this one compares.
+        __builtin_prefetch(base + half / 2);
+        __builtin_prefetch(base + half + half / 2);
         base = base[half] <= item ? base + half : base;
         n -= half;
     }

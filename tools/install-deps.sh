@@ -10,7 +10,7 @@ set -euo pipefail
 
 build=(g++ gfortran cmake ninja-build make python3 binutils libopenblas-dev liblapack-dev)
 test=(python3-mpmath libgtest-dev libgmock-dev clang-format pkg-config)
-bench=(libbenchmark-dev libgsl-dev libboost-dev)
+bench=(libbenchmark-dev libgsl-dev libboost-dev python3-numpy)
 
 case "${1:-test}" in
   build) packages=("${build[@]}") ;;
