@@ -2,6 +2,10 @@
 // messages (each routine's Msg struct names the shared templates).
 #pragma once
 
+#include <algorithm>
+#include <climits>
+#include <cstddef>
+
 #include "frame/fail.hpp"
 
 namespace lbx::sorting {
@@ -35,6 +39,22 @@ bool matrix_ok(int ldm, int m1, int m2, int n1, int n2, lbx::Fail& fail)
         fail(Msg::N1_GT_N2, n1, n2);
     else if (ldm < m2)
         fail(Msg::LDM_LT_M2, ldm, m2);
+    else
+        return true;
+    return false;
+}
+
+// Character keys: positions L1..L2 of elements of length len; L1 >= 1, L1 <= L2,
+// L2 <= len, in this order.
+template <class Msg>
+bool positions_ok(int l1, int l2, std::size_t len, lbx::Fail& fail)
+{
+    if (l1 < 1)
+        fail(Msg::L1_LT_1, l1);
+    else if (l1 > l2)
+        fail(Msg::L1_GT_L2, l1, l2);
+    else if (static_cast<std::size_t>(l2) > len)
+        fail(Msg::L2_GT_LEN, l2, static_cast<int>(std::min<std::size_t>(len, INT_MAX)));
     else
         return true;
     return false;

@@ -1,17 +1,21 @@
 // Stable ranks of the rows or the columns of a real or an integer matrix
-// (M01DEF, M01DFF, M01DJF, M01DKF).
+// (M01DEF, M01DFF, M01DJF, M01DKF), and of a character vector on character
+// positions L1..L2 (M01DCF).
 //
 // Rows M1..M2 are compared on columns N1..N2 (columns N1..N2 on rows M1..M2)
 // lexicographically: the first differing key decides, each element's key as
 // in rank_keys.hpp (reals: -0.0 ties with +0.0, NaNs after every number in
 // both orders).  The indices are ordered by std::stable_sort, a merge sort, so
 // rows (columns) with equal keys keep their order; the rank of row i is M1
-// plus its position (of column j, N1 plus its position).
+// plus its position (of column j, N1 plus its position).  Characters compare
+// by their codes as unsigned bytes (ASCII order, as Fortran's < on gfortran).
 //
-// Checks, in order: M2 >= 1, M1 >= 1, M1 <= M2, N2 >= 1, N1 >= 1, N1 <= N2,
-// LDM >= M2, ORDER one of A, a, D, d.
+// Checks, in order: M2 >= 1, M1 >= 1, M1 <= M2, then for matrices N2 >= 1,
+// N1 >= 1, N1 <= N2, LDM >= M2, for characters L1 >= 1, L1 <= L2,
+// L2 <= LEN(CH(1)); last ORDER one of A, a, D, d.
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <numeric>
 #include <vector>
 
@@ -63,6 +67,25 @@ void rank_matrix(const T* m, int ldm, int m1, int m2, int n1, int n2, char order
 }
 
 }  // namespace
+
+void M01DCFN(lbx::CharArray<const char> ch, int m1, int m2, int l1, int l2, char order, int* irank,
+             lbx::Fail& fail)
+{
+    bool ascending = true;
+    if (!segment_ok<M01DCF_msg>(m1, m2, fail) || !positions_ok<M01DCF_msg>(l1, l2, ch.len, fail) ||
+        !order_ok<M01DCF_msg>(order, ascending, fail))
+        return;
+    const auto n = static_cast<std::size_t>(m2 - m1) + 1;
+    const auto width = static_cast<std::size_t>(l2 - l1) + 1;
+    std::vector<int> idx(n);
+    std::iota(idx.begin(), idx.end(), m1 - 1);
+    std::stable_sort(idx.begin(), idx.end(), [&](int p, int q) {
+        const int c = std::memcmp(ch[p] + (l1 - 1), ch[q] + (l1 - 1), width);
+        return ascending ? c < 0 : c > 0;
+    });
+    for (std::size_t p = 0; p < n; ++p)
+        irank[idx[p]] = m1 + static_cast<int>(p);
+}
 
 void M01DEFN(const double* rm, int ldm, int m1, int m2, int n1, int n2, char order, int* irank,
              lbx::Fail& fail)

@@ -1,7 +1,8 @@
 ! Ranking and searching as a Fortran caller sees them: M01DZF with a Fortran
 ! comparison procedure that reads IUSER and RUSER and counts its calls, the
-! integer and column forms, and the records of a failure of each argument
-! shape (ORDER, LDM, the user form, the order check of a search).
+! integer, character and column forms, and the records of a failure of each
+! argument shape (character positions, ORDER, LDM, the user form, the order
+! check of a search).
 module sorting_rank_keys
   implicit none
 contains
@@ -21,6 +22,7 @@ program sorting_rank
   implicit none
   double precision :: ruser(7) = [-2d0, 1d0, 2d0, -1d0, 0d0, 2d0, 5d0], rm(3, 4), rv(4)
   integer :: irank(7), iuser(1), ifail, im(3, 4), iv(6) = [5, -1, 5, 3, -1, 0], k
+  character(len=5) :: names(5) = ['kiwi ', 'apple', 'fig  ', 'plum ', 'pear ']
 
   print '(A)', '--- M01DZF by magnitude, ties in their order'
   iuser = 0
@@ -47,7 +49,16 @@ program sorting_rank
   iv = [-1, 0, 3, 3, 5, 5]
   print '(3I3)', (m01nbf(.true., iv, 1, 6, k, ifail), k = 3, 4), m01nbf(.true., iv, 1, 6, -2, ifail)
 
+  print '(A)', '--- M01DCF on characters 2..3; M01NCF with items of other lengths'
+  call m01dcf(names, 1, 5, 2, 3, 'A', irank, ifail)
+  print '(A,5I3)', 'IRANK:', irank(1:5)
+  names = ['apple', 'fig  ', 'kiwi ', 'pear ', 'plum ']
+  print '(3I3)', m01ncf(.true., names, 1, 5, 'kiwi', ifail), m01ncf(.true., names, 1, 5, 'kiwis', ifail), &
+    m01ncf(.true., names, 1, 5, 'ki', ifail)
+
   print '(A)', '--- the records of each shape, control returned'
+  ifail = -1
+  call m01dcf(names, 1, 5, 2, 6, 'A', irank, ifail)
   rv = [4d0, 3d0, 2d0, 1d0]
   ifail = -1
   call m01daf(rv, 1, 4, 'x', irank, ifail)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,30 @@ Raised rank_vector(bool real, int m1, int m2, const char* order)
             m01dbft_(iv, &m1, &m2, order, irank.data(), e, i, 1, 200);
     });
     check_irank(irank, m1, m2, r);
+    return r;
+}
+
+// M01DCF on five names of length 4 (the caller may pass another length).
+Raised rank_chars(int m1, int m2, int l1, int l2, const char* order = "A", std::size_t len = 4)
+{
+    const char ch[] = "pearfig applplumkiwi";
+    std::vector<int> irank(5, -7);
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        m01dcft_(ch, &m1, &m2, &l1, &l2, order, irank.data(), e, i, len, 1, 200);
+    });
+    check_irank(irank, m1, m2, r);
+    return r;
+}
+
+Raised search_chars(bool valid, int m1, int m2, const char* ch, const char* item = "b")
+{
+    const int v = valid ? 1 : 0;
+    int result = -1;
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        result = m01ncft_(&v, ch, &m1, &m2, item, e, i, 2, std::strlen(item), 200);
+    });
+    if (r.ifail != 0)
+        EXPECT_EQ(result, 0) << "the value on failure";
     return r;
 }
 
@@ -143,6 +168,39 @@ TEST(Sorting, EveryMessageInItsCheckOrder)
                 T{name, "", [=] { return rank_vector(real, 2, 5, "a"); }, {}, "IRANK(2..5) only"},
             });
     }
+    rows.insert(
+        rows.end(),
+        {
+            T{"M01DCF", "M2_LT_1", [] { return rank_chars(0, 0, 0, 9, "Q"); }, {"0"}},
+            T{"M01DCF", "M1_LT_1", [] { return rank_chars(0, 5, 0, 9, "Q"); }, {"0"}},
+            T{"M01DCF", "M1_GT_M2", [] { return rank_chars(5, 4, 0, 9, "Q"); }, {"5", "4"}},
+            T{"M01DCF", "L1_LT_1", [] { return rank_chars(1, 5, 0, 9, "Q"); }, {"0"}, "before L2"},
+            T{"M01DCF", "L1_GT_L2", [] { return rank_chars(1, 5, 3, 2, "Q"); }, {"3", "2"}},
+            T{"M01DCF", "L1_GT_L2", [] { return rank_chars(1, 5, 1, 0); }, {"1", "0"}, "L2 = 0"},
+            T{"M01DCF", "L2_GT_LEN", [] { return rank_chars(1, 5, 2, 5, "Q"); }, {"5", "4"}},
+            T{"M01DCF",
+              "L2_GT_LEN",
+              [] { return rank_chars(1, 2, 1, 4, "A", 3); },
+              {"4", "3"},
+              "the caller's length"},
+            T{"M01DCF", "BAD_ORDER", [] { return rank_chars(1, 5, 1, 4, "-"); }, {"-"}},
+            T{"M01DCF", "", [] { return rank_chars(2, 4, 4, 4, "d"); }, {}, "one position"},
+            T{"M01NCF", "M2_LT_1", [] { return search_chars(true, 1, 0, "b a "); }, {"0"}},
+            T{"M01NCF", "M1_LT_1", [] { return search_chars(true, 0, 2, "b a "); }, {"0"}},
+            T{"M01NCF", "M1_GT_M2", [] { return search_chars(true, 2, 1, "a b "); }, {"2", "1"}},
+            T{"M01NCF", "NOT_ASCENDING", [] { return search_chars(true, 1, 3, "a c b "); }, {"2"}},
+            T{"M01NCF",
+              "NOT_ASCENDING",
+              [] {
+                  return search_chars(true, 1, 2,
+                                      "a\x80"
+                                      "a ");
+              },
+              {"1"},
+              "bytes compare unsigned"},
+            T{"M01NCF", "", [] { return search_chars(true, 1, 3, "a a a "); }, {}, "ties"},
+            T{"M01NCF", "", [] { return search_chars(false, 1, 2, "b a "); }, {}, "not checked"},
+        });
     const char* matrix_names[] = {"M01DEF", "M01DFF", "M01DJF", "M01DKF"};
     for (int w = 0; w < 4; ++w) {
         const char* name = matrix_names[w];

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <numeric>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "lbx3207qk.h"
@@ -253,6 +254,88 @@ TEST(Searching, EveryBoundaryMatchesUpperBound)
     for (const auto& [item, want] :
          {std::pair{INT_MIN, 2}, {INT_MAX, 4}, {-1, 2}, {INT_MAX - 1, 3}})
         EXPECT_EQ(m01nbf_(&yes, extremes, &one, &four, &item, &ifail), want) << item;
+}
+
+}  // namespace
+
+namespace {
+
+// Fortran's comparison: both padded with blanks to the longer length, then
+// compared as unsigned bytes (std::string compares char_traits<char>, which
+// is unsigned for comparison).
+bool fortran_less(std::string a, std::string b)
+{
+    const std::size_t n = std::max(a.size(), b.size());
+    a.resize(n, ' ');
+    b.resize(n, ' ');
+    return a < b;
+}
+
+std::vector<std::string> words(int n, int len, std::uint64_t seed)
+{
+    std::mt19937_64 gen(seed);
+    const char alphabet[] = {'a', 'b', ' ', '\x7f', '\x80', '\xff'};
+    std::vector<std::string> w(n);
+    for (auto& s : w)
+        for (int k = 0; k < len; ++k)
+            s += alphabet[gen() % 6];
+    return w;
+}
+
+// Ranks on positions L1..L2 of every element, both orders, against a stable
+// sort of the substrings; bytes above 127 must rank above ASCII.
+TEST(Ranking, CharacterKeysMatchAStableSort)
+{
+    for (int n : {1, 7, 3000}) {
+        const int len = 5, m1 = 2, m2 = n + 1;
+        const std::vector<std::string> w = words(n + 1, len, n);
+        std::string ch;
+        for (const auto& s : w)
+            ch += s;
+        for (const auto& [l1, l2] : {std::pair{1, 5}, {2, 3}, {5, 5}}) {
+            for (bool ascending : {true, false}) {
+                std::vector<int> irank(m2, -7);
+                int ifail = 1;
+                m01dcf_(ch.data(), &m1, &m2, &l1, &l2, ascending ? "A" : "D", irank.data(), &ifail,
+                        len, 1);
+                auto key = [&](int i) { return w[m1 - 1 + i].substr(l1 - 1, l2 - l1 + 1); };
+                const auto want = stable_ranks(n, m1, [&](int a, int b) {
+                    return ascending ? key(a) < key(b) : key(b) < key(a);
+                });
+                EXPECT_TRUE(ifail == 0 && std::equal(want.begin(), want.end(), irank.begin() + 1))
+                    << "n=" << n << " " << l1 << ":" << l2 << (ascending ? " A" : " D");
+                EXPECT_EQ(irank[0], -7);
+            }
+        }
+    }
+}
+
+// An ascending vector of strings of length 3 searched for items shorter,
+// equal and longer than 3 (blank padding decides), at every boundary.
+TEST(Searching, CharacterItemsAreComparedPaddedWithBlanks)
+{
+    std::vector<std::string> w = words(40, 3, 5);
+    std::sort(w.begin(), w.end());
+    std::string ch;
+    for (const auto& s : w)
+        ch += s;
+    std::vector<std::string> items = {"", " ", "a", "a ", "a  a", "\xff\xff\xff\xff", "ab"};
+    for (const auto& s : w)
+        items.insert(items.end(), {s, s + " ", s + "a", s.substr(0, 2)});
+    for (const int valid : {0, 1}) {
+        for (const auto& [m1, m2] : {std::pair{1, 40}, {1, 1}, {7, 8}, {13, 29}}) {
+            for (const auto& item : items) {
+                int ifail = 1;
+                const int got =
+                    m01ncf_(&valid, ch.data(), &m1, &m2, item.data(), &ifail, 3, item.size());
+                const int want = static_cast<int>(
+                    std::upper_bound(w.begin() + m1 - 1, w.begin() + m2, item, fortran_less) -
+                    w.begin());
+                EXPECT_TRUE(ifail == 0 && got == want)
+                    << m1 << ":" << m2 << " item '" << item << "' got " << got << " want " << want;
+            }
+        }
+    }
 }
 
 }  // namespace
