@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <complex>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -71,8 +72,74 @@ Raised search_chars(bool valid, int m1, int m2, const char* ch, const char* item
     const Raised r = lbx::test::traced([&](char* e, int* i) {
         result = m01ncft_(&v, ch, &m1, &m2, item, e, i, 2, std::strlen(item), 200);
     });
-    if (r.ifail != 0)
+    if (r.ifail != 0) {
         EXPECT_EQ(result, 0) << "the value on failure";
+    }
+    return r;
+}
+
+Raised sort_integers(int m1, int m2, const char* order)
+{
+    int iv[4] = {4, 3, 2, 1};
+    const Raised r =
+        lbx::test::traced([&](char* e, int* i) { m01cbft_(iv, &m1, &m2, order, e, i, 1, 200); });
+    EXPECT_EQ(iv[0] != 4 || iv[1] != 3 || iv[2] != 2 || iv[3] != 1, r.ifail == 0 && m1 < m2);
+    return r;
+}
+
+Raised sort_chars(int m1, int m2, int l1, int l2, const char* order = "A")
+{
+    char ch[] = "pearfigxapplplum";
+    const Raised r = lbx::test::traced(
+        [&](char* e, int* i) { m01ccft_(ch, &m1, &m2, &l1, &l2, order, e, i, 4, 1, 200); });
+    EXPECT_EQ(std::string(ch) != "pearfigxapplplum", r.ifail == 0 && m1 < m2);
+    return r;
+}
+
+// M01EAF, M01EBF, M01ECF, M01EDF (which = 0..3) on four elements.
+Raised rearrange(int which, int m1, int m2, std::vector<int> irank)
+{
+    double rv[4] = {1, 2, 3, 4};
+    int iv[4] = {1, 2, 3, 4};
+    char ch[] = "abcd";
+    std::complex<double> cv[4] = {1, 2, 3, 4};
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        if (which == 0)
+            m01eaft_(rv, &m1, &m2, irank.data(), e, i, 200);
+        else if (which == 1)
+            m01ebft_(iv, &m1, &m2, irank.data(), e, i, 200);
+        else if (which == 2)
+            m01ecft_(ch, &m1, &m2, irank.data(), e, i, 1, 200);
+        else
+            m01edft_(cv, &m1, &m2, irank.data(), e, i, 200);
+    });
+    const bool moved = which == 0   ? rv[0] != 1 || rv[1] != 2 || rv[2] != 3 || rv[3] != 4
+                       : which == 1 ? iv[0] != 1 || iv[1] != 2 || iv[2] != 3 || iv[3] != 4
+                       : which == 2 ? std::string(ch) != "abcd"
+                                    : cv[0] != 1.0 || cv[1] != 2.0 || cv[2] != 3.0 || cv[3] != 4.0;
+    EXPECT_EQ(moved, r.ifail == 0 && m1 < m2) << which;
+    return r;
+}
+
+// M01ZAF, M01ZBF, M01ZCF (which = 0..2); IPERM and ICYCL outside M1..M2 untouched.
+Raised permutation(int which, int m1, int m2, std::vector<int> iperm)
+{
+    const std::vector<int> before = iperm;
+    std::vector<int> icycl(iperm.size(), -7);
+    const Raised r = lbx::test::traced([&](char* e, int* i) {
+        if (which == 0)
+            m01zaft_(iperm.data(), &m1, &m2, e, i, 200);
+        else if (which == 1)
+            m01zbft_(iperm.data(), &m1, &m2, e, i, 200);
+        else
+            m01zcft_(iperm.data(), &m1, &m2, icycl.data(), e, i, 200);
+    });
+    if (r.ifail != 0 || which > 0) {
+        EXPECT_EQ(iperm, before) << "IPERM changed";
+    }
+    if (which == 2) {
+        check_irank(icycl, m1, m2, r);
+    }
     return r;
 }
 
@@ -124,8 +191,9 @@ Raised search(bool real, bool valid, int m1, int m2, std::vector<double> x, doub
         result = real ? m01naft_(&v, x.data(), &m1, &m2, &item, e, i, 200)
                       : m01nbft_(&v, ix.data(), &m1, &m2, &it, e, i, 200);
     });
-    if (r.ifail != 0)
+    if (r.ifail != 0) {
         EXPECT_EQ(result, 0) << "the value on failure";
+    }
     return r;
 }
 
@@ -201,6 +269,113 @@ TEST(Sorting, EveryMessageInItsCheckOrder)
             T{"M01NCF", "", [] { return search_chars(true, 1, 3, "a a a "); }, {}, "ties"},
             T{"M01NCF", "", [] { return search_chars(false, 1, 2, "b a "); }, {}, "not checked"},
         });
+    rows.insert(
+        rows.end(),
+        {
+            T{"M01CBF", "M2_LT_1", [] { return sort_integers(-1, 0, "Q"); }, {"0"}},
+            T{"M01CBF", "M1_LT_1", [] { return sort_integers(-1, 3, "Q"); }, {"-1"}},
+            T{"M01CBF", "M1_GT_M2", [] { return sort_integers(3, 2, "Q"); }, {"3", "2"}},
+            T{"M01CBF", "BAD_ORDER", [] { return sort_integers(1, 4, "C"); }, {"C"}},
+            T{"M01CBF", "", [] { return sort_integers(2, 4, "a"); }},
+            T{"M01CCF", "M2_LT_1", [] { return sort_chars(0, 0, 0, 9, "Q"); }, {"0"}},
+            T{"M01CCF", "M1_LT_1", [] { return sort_chars(0, 4, 0, 9, "Q"); }, {"0"}},
+            T{"M01CCF", "M1_GT_M2", [] { return sort_chars(4, 3, 0, 9, "Q"); }, {"4", "3"}},
+            T{"M01CCF", "L1_LT_1", [] { return sort_chars(1, 4, -2, 9, "Q"); }, {"-2"}},
+            T{"M01CCF", "L1_GT_L2", [] { return sort_chars(1, 4, 4, 3, "Q"); }, {"4", "3"}},
+            T{"M01CCF", "L2_GT_LEN", [] { return sort_chars(1, 4, 1, 5, "Q"); }, {"5", "4"}},
+            T{"M01CCF", "BAD_ORDER", [] { return sort_chars(1, 4, 1, 4, "?"); }, {"?"}},
+            T{"M01CCF", "", [] { return sort_chars(3, 3, 1, 4, "d"); }, {}, "one element"},
+            T{"M01CCF", "", [] { return sort_chars(1, 4, 4, 4); }},
+        });
+    const char* rearrange_names[] = {"M01EAF", "M01EBF", "M01ECF", "M01EDF"};
+    for (int w = 0; w < 4; ++w) {
+        const char* name = rearrange_names[w];
+        rows.insert(rows.end(), {
+                                    T{name,
+                                      "M2_LT_1",
+                                      [=] {
+                                          return rearrange(w, 1, 0, {9, 9, 9, 9});
+                                      },
+                                      {"0"}},
+                                    T{name,
+                                      "M1_LT_1",
+                                      [=] {
+                                          return rearrange(w, 0, 4, {9, 9, 9, 9});
+                                      },
+                                      {"0"}},
+                                    T{name,
+                                      "M1_GT_M2",
+                                      [=] {
+                                          return rearrange(w, 2, 1, {9, 9, 9, 9});
+                                      },
+                                      {"2", "1"}},
+                                    T{name,
+                                      "RANK_RANGE",
+                                      [=] {
+                                          return rearrange(w, 2, 4, {9, 2, 5, 3});
+                                      },
+                                      {"3", "5"}},
+                                    T{name,
+                                      "RANK_RANGE",
+                                      [=] {
+                                          return rearrange(w, 2, 4, {9, 1, 2, 3});
+                                      },
+                                      {"2", "1"},
+                                      "below M1"},
+                                    T{name,
+                                      "RANK_REPEATED",
+                                      [=] {
+                                          return rearrange(w, 1, 4, {2, 1, 2, 9});
+                                      },
+                                      {"1", "3", "2"},
+                                      "before the later range failure"},
+                                    T{name, "",
+                                      [=] {
+                                          return rearrange(w, 2, 4, {9, 4, 2, 3});
+                                      }},
+                                });
+    }
+    const char* permutation_names[] = {"M01ZAF", "M01ZBF", "M01ZCF"};
+    for (int w = 0; w < 3; ++w) {
+        const char* name = permutation_names[w];
+        rows.insert(rows.end(),
+                    {
+                        T{name, "M2_LT_1", [=] { return permutation(w, 1, 0, {1}); }, {"0"}},
+                        T{name, "M1_LT_1", [=] { return permutation(w, 0, 1, {1}); }, {"0"}},
+                        T{name,
+                          "M1_GT_M2",
+                          [=] {
+                              return permutation(w, 2, 1, {1, 2});
+                          },
+                          {"2", "1"}},
+                        T{name,
+                          "PERM_RANGE",
+                          [=] {
+                              return permutation(w, 1, 3, {0, 1, 2});
+                          },
+                          {"1", "0"}},
+                        T{name,
+                          "PERM_RANGE",
+                          [=] {
+                              return permutation(w, 2, 3, {2, 3, 4});
+                          },
+                          {"3", "4"}},
+                        T{name,
+                          "PERM_REPEATED",
+                          [=] {
+                              return permutation(w, 1, 4, {3, 1, 3, 3});
+                          },
+                          {"1", "3", "3"}},
+                        T{name,
+                          "",
+                          [=] {
+                              return permutation(w, 2, 4, {0, 3, 4, 2, 0});
+                          },
+                          {},
+                          "segment"},
+                        T{name, "", [=] { return permutation(w, 1, 1, {1}); }},
+                    });
+    }
     const char* matrix_names[] = {"M01DEF", "M01DFF", "M01DJF", "M01DKF"};
     for (int w = 0; w < 4; ++w) {
         const char* name = matrix_names[w];
