@@ -1,8 +1,8 @@
 ! Ranking and searching as a Fortran caller sees them: M01DZF with a Fortran
 ! comparison procedure that reads IUSER and RUSER and counts its calls, the
 ! integer, character and column forms, and the records of a failure of each
-! argument shape (character positions, ORDER, LDM, the user form, the order
-! check of a search).
+! argument shape (character positions, ORDER, LDM, the user form, ranks and
+! permutations, the order check of a search).
 module sorting_rank_keys
   implicit none
 contains
@@ -68,6 +68,10 @@ program sorting_rank
   call m01djf(rm, 3, 1, 3, 5, 4, 'A', irank, ifail)
   ifail = -1
   call m01dzf(by_magnitude, 0, 7, irank, iuser, ruser, ifail)
+  ifail = -1
+  call m01eaf(rv, 1, 4, [2, 1, 2, 4], ifail)
+  ifail = -1
+  call m01zcf([1, 5, 2], 1, 3, irank, ifail)
   ifail = -1
   k = m01naf(.true., rv, 2, 4, 2.5d0, ifail)
   print '(A,I3,A,I3)', 'M01NAF returned', k, ' with IFAIL =', ifail
