@@ -27,26 +27,37 @@ namespace lbx::sorting {
 
 namespace {
 
+// rank[i] = first + the position of item i among the n items in the stable
+// order of `before`.
+template <class Before>
+void stable_ranks(std::size_t n, Before before, int* rank, int first)
+{
+    std::vector<int> order(n);
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), before);
+    for (std::size_t p = 0; p < n; ++p)
+        rank[order[p]] = first + static_cast<int>(p);
+}
+
 // Ranks the `count` lines (rows or columns) that start at x + line * across
 // and hold `length` keys `along` apart; rank[line] = first + position.
 template <class T>
 void rank_lines(const T* x, std::size_t count, std::ptrdiff_t across, std::size_t length,
                 std::ptrdiff_t along, bool ascending, int* rank, int first)
 {
-    std::vector<int> order(count);
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](int p, int q) {
-        const T* a = x + p * across;
-        const T* b = x + q * across;
-        for (std::size_t k = 0; k < length; ++k, a += along, b += along) {
-            const auto ka = rank_key(*a, ascending), kb = rank_key(*b, ascending);
-            if (ka != kb)
-                return ka < kb;
-        }
-        return false;
-    });
-    for (std::size_t p = 0; p < count; ++p)
-        rank[order[p]] = first + static_cast<int>(p);
+    stable_ranks(
+        count,
+        [&](int p, int q) {
+            const T* a = x + p * across;
+            const T* b = x + q * across;
+            for (std::size_t k = 0; k < length; ++k, a += along, b += along) {
+                const auto ka = rank_key(*a, ascending), kb = rank_key(*b, ascending);
+                if (ka != kb)
+                    return ka < kb;
+            }
+            return false;
+        },
+        rank, first);
 }
 
 template <class Msg, class T>
@@ -75,16 +86,15 @@ void M01DCFN(lbx::CharArray<const char> ch, int m1, int m2, int l1, int l2, char
     if (!segment_ok<M01DCF_msg>(m1, m2, fail) || !positions_ok<M01DCF_msg>(l1, l2, ch.len, fail) ||
         !order_ok<M01DCF_msg>(order, ascending, fail))
         return;
-    const auto n = static_cast<std::size_t>(m2 - m1) + 1;
     const auto width = static_cast<std::size_t>(l2 - l1) + 1;
-    std::vector<int> idx(n);
-    std::iota(idx.begin(), idx.end(), m1 - 1);
-    std::stable_sort(idx.begin(), idx.end(), [&](int p, int q) {
-        const int c = std::memcmp(ch[p] + (l1 - 1), ch[q] + (l1 - 1), width);
-        return ascending ? c < 0 : c > 0;
-    });
-    for (std::size_t p = 0; p < n; ++p)
-        irank[idx[p]] = m1 + static_cast<int>(p);
+    const char* first = ch[m1 - 1] + (l1 - 1);
+    stable_ranks(
+        static_cast<std::size_t>(m2 - m1) + 1,
+        [&](int p, int q) {
+            const int c = std::memcmp(first + p * ch.len, first + q * ch.len, width);
+            return ascending ? c < 0 : c > 0;
+        },
+        irank + (m1 - 1), m1);
 }
 
 void M01DEFN(const double* rm, int ldm, int m1, int m2, int n1, int n2, char order, int* irank,
