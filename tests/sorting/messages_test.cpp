@@ -7,6 +7,7 @@
 #include <cmath>
 #include <complex>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -199,276 +200,183 @@ Raised search(bool real, bool valid, int m1, int m2, std::vector<double> x, doub
 
 TEST(Sorting, EveryMessageInItsCheckOrder)
 {
-    using T = lbx::test::Trigger;
-    std::vector<T> rows = {
-        T{"M01CAF", "M2_LT_1", [] { return sort(1, 0, "A"); }, {"0"}},
-        T{"M01CAF", "M2_LT_1", [] { return sort(-5, -7, "Q"); }, {"-7"}, "before M1 and ORDER"},
-        T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "A"); }, {"0"}},
-        T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "Q"); }, {"0"}, "before ORDER"},
-        T{"M01CAF", "M1_GT_M2", [] { return sort(4, 3, "A"); }, {"4", "3"}},
-        T{"M01CAF", "M1_GT_M2", [] { return sort(3, 2, "Q"); }, {"3", "2"}, "before ORDER"},
-        T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "Z"); }, {"Z"}},
-        T{"M01CAF", "BAD_ORDER", [] { return sort(2, 2, " "); }, {""}, "one element"},
-        T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "\x01"); }, {""}, "separator byte"},
-        T{"M01CAF", "", [] { return sort(2, 2, "d"); }, {}, "one element is left alone"},
-        T{"M01CAF", "", [] { return sort(1, 4, "ascending", 9); }, {}, "first character"},
-        T{"M01CAF", "", [] { return sort(1, 4, "A", 0); }, {}, "declared length 1"},
-        T{"M01CAF", "", [] { return sort(3, 4, "a"); }},
+    using Call = std::function<Raised()>;
+    using Values = std::vector<std::string>;
+    std::vector<lbx::test::Trigger> rows;
+    auto add = [&](const char* name, const char* id, Call call, Values v = {},
+                   const char* note = "") {
+        rows.push_back({name, id, std::move(call), std::move(v), note});
     };
+    // M2 < 1, M1 < 1, M1 > M2 for a routine given as call(m1, m2), its other
+    // arguments bad where it has any (the segment is checked first).
+    auto segment = [&](const char* name, std::function<Raised(int, int)> call) {
+        add(name, "M2_LT_1", [=] { return call(0, 0); }, {"0"});
+        add(name, "M1_LT_1", [=] { return call(-1, 3); }, {"-1"});
+        add(name, "M1_GT_M2", [=] { return call(3, 2); }, {"3", "2"});
+    };
+
+    segment("M01CAF", [](int m1, int m2) { return sort(m1, m2, "Q"); });
+    add("M01CAF", "M2_LT_1", [] { return sort(1, 0, "A"); }, {"0"});
+    add("M01CAF", "BAD_ORDER", [] { return sort(1, 3, "Z"); }, {"Z"});
+    add(
+        "M01CAF", "BAD_ORDER", [] { return sort(2, 2, " "); }, {""}, "one element");
+    add(
+        "M01CAF", "BAD_ORDER", [] { return sort(1, 3, "\x01"); }, {""}, "separator byte");
+    add(
+        "M01CAF", "", [] { return sort(2, 2, "d"); }, {}, "one element is left alone");
+    add(
+        "M01CAF", "", [] { return sort(1, 4, "ascending", 9); }, {}, "first character");
+    add(
+        "M01CAF", "", [] { return sort(1, 4, "A", 0); }, {}, "declared length 1");
+    add("M01CAF", "", [] { return sort(3, 4, "a"); });
+
+    segment("M01CBF", [](int m1, int m2) { return sort_integers(m1, m2, "Q"); });
+    add("M01CBF", "BAD_ORDER", [] { return sort_integers(1, 4, "C"); }, {"C"});
+    add("M01CBF", "", [] { return sort_integers(2, 4, "a"); });
+
+    segment("M01CCF", [](int m1, int m2) { return sort_chars(m1, m2, 0, 9, "Q"); });
+    add("M01CCF", "L1_LT_1", [] { return sort_chars(1, 4, -2, 9, "Q"); }, {"-2"});
+    add("M01CCF", "L1_GT_L2", [] { return sort_chars(1, 4, 4, 3, "Q"); }, {"4", "3"});
+    add("M01CCF", "L2_GT_LEN", [] { return sort_chars(1, 4, 1, 5, "Q"); }, {"5", "4"});
+    add("M01CCF", "BAD_ORDER", [] { return sort_chars(1, 4, 1, 4, "?"); }, {"?"});
+    add(
+        "M01CCF", "", [] { return sort_chars(3, 3, 1, 4, "d"); }, {}, "one element");
+    add("M01CCF", "", [] { return sort_chars(1, 4, 4, 4); });
+
     for (bool real : {true, false}) {
         const char* name = real ? "M01DAF" : "M01DBF";
-        rows.insert(
-            rows.end(),
-            {
-                T{name, "M2_LT_1", [=] { return rank_vector(real, 0, 0, "Q"); }, {"0"}, "first"},
-                T{name,
-                  "M1_LT_1",
-                  [=] { return rank_vector(real, 0, 3, "Q"); },
-                  {"0"},
-                  "before ORDER"},
-                T{name, "M1_GT_M2", [=] { return rank_vector(real, 4, 3, "Q"); }, {"4", "3"}},
-                T{name,
-                  "BAD_ORDER",
-                  [=] { return rank_vector(real, 2, 2, "x"); },
-                  {"x"},
-                  "one element"},
-                T{name, "", [=] { return rank_vector(real, 2, 2, "d"); }, {}, "one element"},
-                T{name, "", [=] { return rank_vector(real, 2, 5, "a"); }, {}, "IRANK(2..5) only"},
-            });
+        segment(name, [=](int m1, int m2) { return rank_vector(real, m1, m2, "Q"); });
+        add(
+            name, "BAD_ORDER", [=] { return rank_vector(real, 2, 2, "x"); }, {"x"}, "one element");
+        add(
+            name, "", [=] { return rank_vector(real, 2, 2, "d"); }, {}, "one element");
+        add(
+            name, "", [=] { return rank_vector(real, 2, 5, "a"); }, {}, "IRANK(2..5) only");
     }
-    rows.insert(
-        rows.end(),
-        {
-            T{"M01DCF", "M2_LT_1", [] { return rank_chars(0, 0, 0, 9, "Q"); }, {"0"}},
-            T{"M01DCF", "M1_LT_1", [] { return rank_chars(0, 5, 0, 9, "Q"); }, {"0"}},
-            T{"M01DCF", "M1_GT_M2", [] { return rank_chars(5, 4, 0, 9, "Q"); }, {"5", "4"}},
-            T{"M01DCF", "L1_LT_1", [] { return rank_chars(1, 5, 0, 9, "Q"); }, {"0"}, "before L2"},
-            T{"M01DCF", "L1_GT_L2", [] { return rank_chars(1, 5, 3, 2, "Q"); }, {"3", "2"}},
-            T{"M01DCF", "L1_GT_L2", [] { return rank_chars(1, 5, 1, 0); }, {"1", "0"}, "L2 = 0"},
-            T{"M01DCF", "L2_GT_LEN", [] { return rank_chars(1, 5, 2, 5, "Q"); }, {"5", "4"}},
-            T{"M01DCF",
-              "L2_GT_LEN",
-              [] { return rank_chars(1, 2, 1, 4, "A", 3); },
-              {"4", "3"},
-              "the caller's length"},
-            T{"M01DCF", "BAD_ORDER", [] { return rank_chars(1, 5, 1, 4, "-"); }, {"-"}},
-            T{"M01DCF", "", [] { return rank_chars(2, 4, 4, 4, "d"); }, {}, "one position"},
-            T{"M01NCF", "M2_LT_1", [] { return search_chars(true, 1, 0, "b a "); }, {"0"}},
-            T{"M01NCF", "M1_LT_1", [] { return search_chars(true, 0, 2, "b a "); }, {"0"}},
-            T{"M01NCF", "M1_GT_M2", [] { return search_chars(true, 2, 1, "a b "); }, {"2", "1"}},
-            T{"M01NCF", "NOT_ASCENDING", [] { return search_chars(true, 1, 3, "a c b "); }, {"2"}},
-            T{"M01NCF",
-              "NOT_ASCENDING",
-              [] {
-                  return search_chars(true, 1, 2,
-                                      "a\x80"
-                                      "a ");
-              },
-              {"1"},
-              "bytes compare unsigned"},
-            T{"M01NCF", "", [] { return search_chars(true, 1, 3, "a a a "); }, {}, "ties"},
-            T{"M01NCF", "", [] { return search_chars(false, 1, 2, "b a "); }, {}, "not checked"},
-        });
-    rows.insert(
-        rows.end(),
-        {
-            T{"M01CBF", "M2_LT_1", [] { return sort_integers(-1, 0, "Q"); }, {"0"}},
-            T{"M01CBF", "M1_LT_1", [] { return sort_integers(-1, 3, "Q"); }, {"-1"}},
-            T{"M01CBF", "M1_GT_M2", [] { return sort_integers(3, 2, "Q"); }, {"3", "2"}},
-            T{"M01CBF", "BAD_ORDER", [] { return sort_integers(1, 4, "C"); }, {"C"}},
-            T{"M01CBF", "", [] { return sort_integers(2, 4, "a"); }},
-            T{"M01CCF", "M2_LT_1", [] { return sort_chars(0, 0, 0, 9, "Q"); }, {"0"}},
-            T{"M01CCF", "M1_LT_1", [] { return sort_chars(0, 4, 0, 9, "Q"); }, {"0"}},
-            T{"M01CCF", "M1_GT_M2", [] { return sort_chars(4, 3, 0, 9, "Q"); }, {"4", "3"}},
-            T{"M01CCF", "L1_LT_1", [] { return sort_chars(1, 4, -2, 9, "Q"); }, {"-2"}},
-            T{"M01CCF", "L1_GT_L2", [] { return sort_chars(1, 4, 4, 3, "Q"); }, {"4", "3"}},
-            T{"M01CCF", "L2_GT_LEN", [] { return sort_chars(1, 4, 1, 5, "Q"); }, {"5", "4"}},
-            T{"M01CCF", "BAD_ORDER", [] { return sort_chars(1, 4, 1, 4, "?"); }, {"?"}},
-            T{"M01CCF", "", [] { return sort_chars(3, 3, 1, 4, "d"); }, {}, "one element"},
-            T{"M01CCF", "", [] { return sort_chars(1, 4, 4, 4); }},
-        });
-    const char* rearrange_names[] = {"M01EAF", "M01EBF", "M01ECF", "M01EDF"};
-    for (int w = 0; w < 4; ++w) {
-        const char* name = rearrange_names[w];
-        rows.insert(rows.end(), {
-                                    T{name,
-                                      "M2_LT_1",
-                                      [=] {
-                                          return rearrange(w, 1, 0, {9, 9, 9, 9});
-                                      },
-                                      {"0"}},
-                                    T{name,
-                                      "M1_LT_1",
-                                      [=] {
-                                          return rearrange(w, 0, 4, {9, 9, 9, 9});
-                                      },
-                                      {"0"}},
-                                    T{name,
-                                      "M1_GT_M2",
-                                      [=] {
-                                          return rearrange(w, 2, 1, {9, 9, 9, 9});
-                                      },
-                                      {"2", "1"}},
-                                    T{name,
-                                      "RANK_RANGE",
-                                      [=] {
-                                          return rearrange(w, 2, 4, {9, 2, 5, 3});
-                                      },
-                                      {"3", "5"}},
-                                    T{name,
-                                      "RANK_RANGE",
-                                      [=] {
-                                          return rearrange(w, 2, 4, {9, 1, 2, 3});
-                                      },
-                                      {"2", "1"},
-                                      "below M1"},
-                                    T{name,
-                                      "RANK_REPEATED",
-                                      [=] {
-                                          return rearrange(w, 1, 4, {2, 1, 2, 9});
-                                      },
-                                      {"1", "3", "2"},
-                                      "before the later range failure"},
-                                    T{name, "",
-                                      [=] {
-                                          return rearrange(w, 2, 4, {9, 4, 2, 3});
-                                      }},
-                                });
-    }
-    const char* permutation_names[] = {"M01ZAF", "M01ZBF", "M01ZCF"};
-    for (int w = 0; w < 3; ++w) {
-        const char* name = permutation_names[w];
-        rows.insert(rows.end(),
-                    {
-                        T{name, "M2_LT_1", [=] { return permutation(w, 1, 0, {1}); }, {"0"}},
-                        T{name, "M1_LT_1", [=] { return permutation(w, 0, 1, {1}); }, {"0"}},
-                        T{name,
-                          "M1_GT_M2",
-                          [=] {
-                              return permutation(w, 2, 1, {1, 2});
-                          },
-                          {"2", "1"}},
-                        T{name,
-                          "PERM_RANGE",
-                          [=] {
-                              return permutation(w, 1, 3, {0, 1, 2});
-                          },
-                          {"1", "0"}},
-                        T{name,
-                          "PERM_RANGE",
-                          [=] {
-                              return permutation(w, 2, 3, {2, 3, 4});
-                          },
-                          {"3", "4"}},
-                        T{name,
-                          "PERM_REPEATED",
-                          [=] {
-                              return permutation(w, 1, 4, {3, 1, 3, 3});
-                          },
-                          {"1", "3", "3"}},
-                        T{name,
-                          "",
-                          [=] {
-                              return permutation(w, 2, 4, {0, 3, 4, 2, 0});
-                          },
-                          {},
-                          "segment"},
-                        T{name, "", [=] { return permutation(w, 1, 1, {1}); }},
-                    });
-    }
+
+    segment("M01DCF", [](int m1, int m2) { return rank_chars(m1, m2, 0, 9, "Q"); });
+    add(
+        "M01DCF", "L1_LT_1", [] { return rank_chars(1, 5, 0, 9, "Q"); }, {"0"}, "before L2");
+    add("M01DCF", "L1_GT_L2", [] { return rank_chars(1, 5, 3, 2, "Q"); }, {"3", "2"});
+    add(
+        "M01DCF", "L1_GT_L2", [] { return rank_chars(1, 5, 1, 0); }, {"1", "0"}, "L2 = 0");
+    add("M01DCF", "L2_GT_LEN", [] { return rank_chars(1, 5, 2, 5, "Q"); }, {"5", "4"});
+    add(
+        "M01DCF", "L2_GT_LEN", [] { return rank_chars(1, 2, 1, 4, "A", 3); }, {"4", "3"},
+        "the caller's length");
+    add("M01DCF", "BAD_ORDER", [] { return rank_chars(1, 5, 1, 4, "-"); }, {"-"});
+    add(
+        "M01DCF", "", [] { return rank_chars(2, 4, 4, 4, "d"); }, {}, "one position");
+
     const char* matrix_names[] = {"M01DEF", "M01DFF", "M01DJF", "M01DKF"};
     for (int w = 0; w < 4; ++w) {
         const char* name = matrix_names[w];
-        rows.insert(
-            rows.end(),
-            {
-                T{name, "M2_LT_1", [=] { return rank_matrix(w, 0, 0, 0, 0, 0, "Q"); }, {"0"}},
-                T{name, "M1_LT_1", [=] { return rank_matrix(w, 0, 0, 4, 0, 0, "Q"); }, {"0"}},
-                T{name, "M1_GT_M2", [=] { return rank_matrix(w, 0, 3, 2, 0, 0); }, {"3", "2"}},
-                T{name, "N2_LT_1", [=] { return rank_matrix(w, 0, 1, 4, 0, 0, "Q"); }, {"0"}},
-                T{name, "N1_LT_1", [=] { return rank_matrix(w, 0, 1, 4, 0, 3, "Q"); }, {"0"}},
-                T{name, "N1_GT_N2", [=] { return rank_matrix(w, 0, 1, 4, 3, 2); }, {"3", "2"}},
-                T{name,
-                  "LDM_LT_M2",
-                  [=] { return rank_matrix(w, 3, 1, 4, 1, 3, "Q"); },
-                  {"3", "4"},
-                  "before ORDER"},
-                T{name, "BAD_ORDER", [=] { return rank_matrix(w, 4, 1, 4, 1, 3, "E"); }, {"E"}},
-                T{name, "", [=] { return rank_matrix(w, 4, 2, 3, 2, 3, "D"); }},
-                T{name, "", [=] { return rank_matrix(w, 3, 1, 3, 3, 3); }, {}, "LDM = M2"},
-            });
+        segment(name, [=](int m1, int m2) { return rank_matrix(w, 0, m1, m2, 0, 0, "Q"); });
+        add(name, "N2_LT_1", [=] { return rank_matrix(w, 0, 1, 4, 0, 0, "Q"); }, {"0"});
+        add(name, "N1_LT_1", [=] { return rank_matrix(w, 0, 1, 4, 0, 3, "Q"); }, {"0"});
+        add(name, "N1_GT_N2", [=] { return rank_matrix(w, 0, 1, 4, 3, 2); }, {"3", "2"});
+        add(
+            name, "LDM_LT_M2", [=] { return rank_matrix(w, 3, 1, 4, 1, 3, "Q"); }, {"3", "4"},
+            "before ORDER");
+        add(name, "BAD_ORDER", [=] { return rank_matrix(w, 4, 1, 4, 1, 3, "E"); }, {"E"});
+        add(name, "", [=] { return rank_matrix(w, 4, 2, 3, 2, 3, "D"); });
+        add(
+            name, "", [=] { return rank_matrix(w, 3, 1, 3, 3, 3); }, {}, "LDM = M2");
     }
-    rows.insert(rows.end(), {
-                                T{"M01DZF", "M2_LT_1", [] { return rank_user(-1, -1); }, {"-1"}},
-                                T{"M01DZF", "M1_LT_1", [] { return rank_user(-1, 3); }, {"-1"}},
-                                T{"M01DZF", "M1_GT_M2", [] { return rank_user(3, 1); }, {"3", "1"}},
-                                T{"M01DZF", "", [] { return rank_user(2, 4); }},
-                            });
+
+    segment("M01DZF", [](int m1, int m2) { return rank_user(m1, m2); });
+    add("M01DZF", "", [] { return rank_user(2, 4); });
+
+    const char* rearrange_names[] = {"M01EAF", "M01EBF", "M01ECF", "M01EDF"};
+    for (int w = 0; w < 4; ++w) {
+        const char* name = rearrange_names[w];
+        segment(name, [=](int m1, int m2) { return rearrange(w, m1, m2, {9, 9, 9, 9}); });
+        add(name, "RANK_RANGE", [=] { return rearrange(w, 2, 4, {9, 2, 5, 3}); }, {"3", "5"});
+        add(
+            name, "RANK_RANGE",
+            [=] {
+                return rearrange(w, 2, 4, {9, 1, 2, 3});
+            },
+            {"2", "1"}, "below M1");
+        add(
+            name, "RANK_REPEATED",
+            [=] {
+                return rearrange(w, 1, 4, {2, 1, 2, 9});
+            },
+            {"1", "3", "2"}, "before the later range failure");
+        add(name, "", [=] { return rearrange(w, 2, 4, {9, 4, 2, 3}); });
+    }
+
+    const char* permutation_names[] = {"M01ZAF", "M01ZBF", "M01ZCF"};
+    for (int w = 0; w < 3; ++w) {
+        const char* name = permutation_names[w];
+        segment(name, [=](int m1, int m2) { return permutation(w, m1, m2, {9, 9, 9}); });
+        add(name, "PERM_RANGE", [=] { return permutation(w, 1, 3, {0, 1, 2}); }, {"1", "0"});
+        add(name, "PERM_RANGE", [=] { return permutation(w, 2, 3, {2, 3, 4}); }, {"3", "4"});
+        add(name, "PERM_REPEATED",
+            [=] {
+                return permutation(w, 1, 4, {3, 1, 3, 3});
+            },
+            {"1", "3", "3"});
+        add(
+            name, "",
+            [=] {
+                return permutation(w, 2, 4, {0, 3, 4, 2, 0});
+            },
+            {}, "segment");
+        add(name, "", [=] { return permutation(w, 1, 1, {1}); });
+    }
+
     for (bool real : {true, false}) {
         const char* name = real ? "M01NAF" : "M01NBF";
-        rows.insert(rows.end(), {
-                                    T{name,
-                                      "M2_LT_1",
-                                      [=] {
-                                          return search(real, true, 0, 0, {1, 2, 3});
-                                      },
-                                      {"0"}},
-                                    T{name,
-                                      "M1_LT_1",
-                                      [=] {
-                                          return search(real, true, 0, 2, {3, 2, 1});
-                                      },
-                                      {"0"},
-                                      "first"},
-                                    T{name,
-                                      "M1_GT_M2",
-                                      [=] {
-                                          return search(real, true, 3, 2, {1, 2, 3});
-                                      },
-                                      {"3", "2"}},
-                                    T{name,
-                                      "NOT_ASCENDING",
-                                      [=] {
-                                          return search(real, true, 1, 4, {1, 2, 2, 1});
-                                      },
-                                      {"3"}},
-                                    T{name,
-                                      "NOT_ASCENDING",
-                                      [=] {
-                                          return search(real, true, 2, 3, {9, 5, 4});
-                                      },
-                                      {"2"},
-                                      "from M1"},
-                                    T{name,
-                                      "",
-                                      [=] {
-                                          return search(real, true, 1, 3, {2, 2, 2});
-                                      },
-                                      {},
-                                      "ties"},
-                                    T{name,
-                                      "",
-                                      [=] {
-                                          return search(real, true, 2, 3, {9, 1, 4, 0});
-                                      },
-                                      {},
-                                      "segment only"},
-                                    T{name,
-                                      "",
-                                      [=] {
-                                          return search(real, false, 1, 3, {3, 2, 1});
-                                      },
-                                      {},
-                                      "not checked"},
-                                });
+        segment(name, [=](int m1, int m2) { return search(real, true, m1, m2, {3, 2, 1}); });
+        add(name, "NOT_ASCENDING", [=] { return search(real, true, 1, 4, {1, 2, 2, 1}); }, {"3"});
+        add(
+            name, "NOT_ASCENDING",
+            [=] {
+                return search(real, true, 2, 3, {9, 5, 4});
+            },
+            {"2"}, "from M1");
+        add(
+            name, "",
+            [=] {
+                return search(real, true, 1, 3, {2, 2, 2});
+            },
+            {}, "ties");
+        add(
+            name, "",
+            [=] {
+                return search(real, true, 2, 3, {9, 1, 4, 0});
+            },
+            {}, "segment only");
+        add(
+            name, "",
+            [=] {
+                return search(real, false, 1, 3, {3, 2, 1});
+            },
+            {}, "not checked");
     }
-    rows.push_back(T{"M01NAF",
-                     "NOT_ASCENDING",
-                     [] {
-                         return search(true, true, 1, 3, {1, NAN, 3});
-                     },
-                     {"1"},
-                     "a NaN"});
+    add(
+        "M01NAF", "NOT_ASCENDING",
+        [] {
+            return search(true, true, 1, 3, {1, NAN, 3});
+        },
+        {"1"}, "a NaN");
+    segment("M01NCF", [](int m1, int m2) { return search_chars(true, m1, m2, "c b a "); });
+    add("M01NCF", "NOT_ASCENDING", [] { return search_chars(true, 1, 3, "a c b "); }, {"2"});
+    add(
+        "M01NCF", "NOT_ASCENDING",
+        [] {
+            return search_chars(true, 1, 2,
+                                "a\x80"
+                                "a ");
+        },
+        {"1"}, "bytes compare unsigned");
+    add(
+        "M01NCF", "", [] { return search_chars(true, 1, 3, "a a a "); }, {}, "ties");
+    add(
+        "M01NCF", "", [] { return search_chars(false, 1, 2, "b a "); }, {}, "not checked");
+
     lbx::test::check_catalogue(lbx::sorting::catalogue_messages, rows);
 }
 
