@@ -1,7 +1,9 @@
 // M01CAF's fast paths against std::sort (an independent sort: data free of NaNs
 // and of mixed signed zeros has one ascending order), data with NaNs and both
 // zeros against a transcription of the defining quicksort, segment boundaries,
-// lengths around the switch to the radix sort (its messages: messages_test.cpp).
+// lengths around the switch to the radix sort (its messages: messages_test.cpp);
+// and, with the allocation hook here, the -999 exit of the chapter's routines
+// that allocate.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,9 +11,12 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <limits>
 #include <new>
+#include <numeric>
 #include <random>
+#include <string>
 #include <vector>
 
 #include <omp.h>
@@ -242,6 +247,75 @@ TEST(M01CAF, ResultDoesNotDependOnTheNumberOfThreads)
     std::sort(sorted.begin(), sorted.end());
     EXPECT_TRUE(same_bits(one, sorted));
     omp_set_num_threads(omp_get_num_procs());
+}
+
+}  // namespace
+
+namespace {
+
+// The routines that need working arrays report a failed allocation as -999
+// (quietly, IFAIL = 1 on entry) and leave their outputs alone.
+TEST(Sorting, AllocationFailureIsMinus999)
+{
+    const int m1 = 1, m2 = 3000, one = 1;
+    std::vector<double> rv(m2, 1.0);
+    std::vector<int> irank(m2, -7), iperm(m2);
+    std::iota(iperm.begin(), iperm.end(), 1);
+    std::string ch(4 * m2, 'x');
+    int iuser[1] = {0};
+    auto never = [](const int*, const int*, int*, double*) { return 0; };
+    const std::pair<const char*, std::function<int()>> calls[] = {
+        {"M01DAF",
+         [&] {
+             int f = 1;
+             m01daf_(rv.data(), &m1, &m2, "A", irank.data(), &f, 1);
+             return f;
+         }},
+        {"M01DCF",
+         [&] {
+             int f = 1;
+             m01dcf_(ch.data(), &m1, &m2, &one, &one, "A", irank.data(), &f, 4, 1);
+             return f;
+         }},
+        {"M01DEF",
+         [&] {
+             int f = 1;
+             m01def_(rv.data(), &m2, &m1, &m2, &one, &one, "A", irank.data(), &f, 1);
+             return f;
+         }},
+        {"M01DZF",
+         [&] {
+             int f = 1;
+             m01dzf_(never, &m1, &m2, irank.data(), iuser, rv.data(), &f);
+             return f;
+         }},
+        {"M01CCF",
+         [&] {
+             int f = 1;
+             m01ccf_(ch.data(), &m1, &m2, &one, &one, "A", &f, 4, 1);
+             return f;
+         }},
+        {"M01EAF",
+         [&] {
+             int f = 1;
+             m01eaf_(rv.data(), &m1, &m2, iperm.data(), &f);
+             return f;
+         }},
+        {"M01ZAF",
+         [&] {
+             int f = 1;
+             m01zaf_(iperm.data(), &m1, &m2, &f);
+             return f;
+         }},
+    };
+    for (const auto& [name, call] : calls) {
+        fail_countdown = 0;
+        const int ifail = call();
+        fail_countdown = -1;
+        EXPECT_EQ(ifail, -999) << name;
+        EXPECT_EQ(irank[0], -7) << name;
+        EXPECT_EQ(iperm[0], 1) << name;
+    }
 }
 
 }  // namespace
