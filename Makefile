@@ -4,6 +4,8 @@ CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=Release
 JOBS ?= 2
 PREFIX ?= /usr/local
 DLL_BUILD ?= build-dll
+# Debian's interpreter, the one python3-numpy and python3-scipy install for.
+PYTHON ?= /usr/bin/python3
 
 .PHONY: demo check bench install deps clean format check-asan check-tsan fuzz fuzz-ci \
 	dll-deps dll check-dll
@@ -56,6 +58,7 @@ bench:
 	$(call configure,$(BUILD)-bench,$(CMAKE_FLAGS) -DLBX_BENCH=ON -DBUILD_TESTING=OFF)
 	cmake --build $(BUILD)-bench -j $(JOBS)
 	@for b in $(BUILD)-bench/bench/bench_*; do echo "== $$b"; $$b --benchmark_counters_tabular=true || exit 1; done
+	@echo "== bench/ranking_numpy.py"; $(PYTHON) bench/ranking_numpy.py
 
 # The library, header, Fortran module, pkg-config file, CMake package and docs
 # under PREFIX (make install PREFIX=$$HOME/.local).

@@ -54,7 +54,11 @@ Argument strings are ``TYPE NAME[(DIM)] INTENT [notrace] [noimpl]``:
   character*N, character*(*), procedure or ifail (the error indicator: last,
   no intent);
 * DIM makes the argument an array: comma-separated Fortran extents over other
-  argument names and integers, ``*`` for assumed size (``M2``, ``LDA,*``);
+  argument names and integers, ``*`` for assumed size (``M2``, ``LDA,*``); a
+  character array (``character*(*) CH(M2) in``) reaches the implementation as
+  ``lbx::CharArray`` (first character and element length; a declared length
+  N is the element length whatever the caller passes), not allowed among a
+  procedure's arguments;
 * INTENT is in, out or inout (a procedure has none);
 * ``notrace`` keeps the argument out of the trace, ``noimpl`` keeps it out of
   the implementation's parameter list (a dummy argument that is never read).
@@ -287,8 +291,9 @@ def _parse_procedure(rname: str, pname: str, table: dict) -> Procedure:
         raise _fail(rname, f"procedure {pname}: result must be one of {SCALAR_TYPES}")
     args = [parse_arg(a, rname) for a in table.get("args", [])]
     for a in args:
-        if a.type in ("procedure", "ifail"):
-            raise _fail(rname, f"procedure {pname}: argument {a.name} of type {a.type} not supported")
+        if a.type in ("procedure", "ifail") or (a.is_char and a.is_array):
+            kind = "character array" if a.is_char else f"type {a.type}"
+            raise _fail(rname, f"procedure {pname}: argument {a.name} of {kind} not supported")
     adapter = table.get("adapter", f"{rname}_{pname}H")
     return Procedure(name=pname, result=result, args=args, adapter=adapter)
 

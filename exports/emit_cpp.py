@@ -43,6 +43,8 @@ def params_text(params: list[Param], length_type: str) -> str:
 def impl_type(a: Arg, typename: str = "") -> str:
     if a.type == "procedure":
         return f"const {typename}Proc&"
+    if a.is_char and a.is_array:
+        return f"lbx::CharArray<{'const char' if a.intent == 'in' else 'char'}>"
     if a.is_char:
         if a.intent != "in":
             return "std::span<char>"
@@ -94,7 +96,10 @@ def chapter_header(cm: ChapterModel, conv) -> str:
     ch = cm.chapter
     out = [BANNER.format(src=sources_label(ch)),
            "#pragma once\n\n#include <cstddef>\n#include <cstdint>\n#include <span>\n"
-           "#include <string_view>\n\n#include \"frame/fail.hpp\"\n\n",
+           "#include <string_view>\n\n#include \"frame/fail.hpp\"\n"
+           + ("#include \"frame/char_array.hpp\"\n" if any(
+               a.is_char and a.is_array for m in cm.routines for a, _ in m.impl_params) else "")
+           + "\n",
            f"namespace lbx::{ch.name} {{\n"]
     for m in cm.routines:
         r = m.routine

@@ -185,6 +185,9 @@ def impl_value(a: Arg, typename) -> str:
     n = a.lname
     if a.type == "procedure":
         return f"{typename(a.proc)}Proc{{{n}, {n}h}}"
+    if a.is_char and a.is_array:
+        const = "const char" if a.intent == "in" else "char"
+        return f"lbx::CharArray<{const}>{{{n}, {n + '_len' if a.char_len == '*' else a.char_len}}}"
     if a.is_char:
         decl = "0" if a.char_len == "*" else a.char_len
         if a.intent != "in":

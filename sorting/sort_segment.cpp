@@ -8,22 +8,16 @@
 #include <algorithm>
 
 #include "gen/sorting.hpp"
+#include "sorting/checks.hpp"
 #include "sorting/quicksort.hpp"
 
 namespace lbx::sorting {
 
 void M01CAFN(double* rv, int m1, int m2, char order, lbx::Fail& fail)
 {
-    using Msg = M01CAF_msg;
-    if (m2 < 1)
-        return fail(Msg::M2_LT_1, m2);
-    if (m1 < 1)
-        return fail(Msg::M1_LT_1, m1);
-    if (m1 > m2)
-        return fail(Msg::M1_GT_M2, m1, m2);
-    const bool ascending = order == 'A' || order == 'a';
-    if (!ascending && order != 'D' && order != 'd')
-        return fail(Msg::BAD_ORDER, order);
+    bool ascending = true;
+    if (!segment_ok<M01CAF_msg>(m1, m2, fail) || !order_ok<M01CAF_msg>(order, ascending, fail))
+        return;
     if (m1 == m2)
         return;
     sort_ascending(rv, m1, m2);

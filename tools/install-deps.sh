@@ -17,7 +17,7 @@ set -euo pipefail
 
 build=(g++ gfortran cmake ninja-build make python3 binutils libopenblas-dev liblapack-dev)
 test=(python3-mpmath libgtest-dev libgmock-dev clang-format pkg-config)
-bench=(libbenchmark-dev libgsl-dev libboost-dev python3-scipy)
+bench=(libbenchmark-dev libgsl-dev libboost-dev python3-scipy python3-numpy)
 windows=(g++-mingw-w64-i686-posix gfortran-mingw-w64-i686-posix binutils-mingw-w64-i686
          dpkg-dev xvfb imagemagick wine wine32:i386)
 

@@ -1,7 +1,7 @@
 ! The IFAIL convention as a Fortran caller sees it: every entry mode, the
 ! records of a message, records on a unit the caller opened, silenced output,
 ! and the record routines X04BAF and X04BBF.  (Every message and the check
-! order: tests/sorting/m01caf_test.cpp.)
+! order: tests/sorting/messages_test.cpp.)
 program ifail_modes
   use lbx3207qk
   implicit none

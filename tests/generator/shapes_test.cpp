@@ -3,6 +3,7 @@
 // adapters, user arrays, results and the -999 path.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <cstring>
@@ -28,6 +29,8 @@ int z99agfn_();
 int Z99AGFN();
 void z99ahf_(lbx::shapes::Z99AHF_FFn f, const double* x, double* fx, int* ifail);
 int z99aif_(const char* key, lbx::shapes::Z99AIF_SAYFn say, int* ifail, std::size_t key_len);
+void z99ajf_(char* names, const char* codes, const int* n, std::size_t names_len,
+             std::size_t codes_len);
 void y90gcft_(const int* itrace);
 }
 
@@ -98,6 +101,15 @@ bool Z99AIFN(std::string_view key, const Z99AIF_SAYProc& say, lbx::Fail&)
     seen::text = std::string(key);
     say("hello", 5);
     return key == "KEYS";
+}
+
+// Element i of NAMES becomes element i of CODES followed by its length digit.
+void Z99AJFN(lbx::CharArray<char> names, lbx::CharArray<const char> codes, int n)
+{
+    for (int i = 0; i < n; ++i) {
+        std::memcpy(names[i], codes[i], std::min<std::size_t>(codes.len, names.len));
+        names[i][names.len - 1] = static_cast<char>('0' + codes.len);
+    }
 }
 
 }  // namespace lbx::shapes
@@ -342,3 +354,12 @@ TEST(Shapes, ComplexArgumentsAndASharedMessage)
 }
 
 }  // namespace
+
+TEST(Shapes, CharacterArraysStepByTheirElementLength)
+{
+    char names[] = "aaaaabbbbbccccc";
+    const int n = 3;
+    // CODES declared CHARACTER*3: elements 3 apart whatever length the caller passes.
+    z99ajf_(names, "ABCDEFGHI", &n, 5, 9);
+    EXPECT_STREQ(names, "ABCa3DEFb3GHIc3");
+}

@@ -49,6 +49,10 @@ class Refusals(unittest.TestCase):
         ("duplicate", entry(args=["real X in", "real X in", "ifail IFAIL"]), "named twice"),
         ("procedure table missing", entry(args=["procedure F", "ifail IFAIL"]),
          "has no [routine.procedure.F]"),
+        ("character array in a procedure", entry(
+            args=["procedure F", "ifail IFAIL"],
+            procedure={"F": {"args": ["integer N in", "character*(*) CH(N) in"]}}),
+         "argument CH of character array not supported"),
         ("unknown key", entry(colour="red"), "unknown keys"),
         ("complex result", entry(result="complex"), "result must be"),
         ("record without stars", entry(message=[{"id": "A", "ifail": 1, "code": 1, "records": ["x"]}]),

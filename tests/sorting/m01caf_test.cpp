@@ -1,8 +1,9 @@
 // M01CAF's fast paths against std::sort (an independent sort: data free of NaNs
 // and of mixed signed zeros has one ascending order), data with NaNs and both
 // zeros against a transcription of the defining quicksort, segment boundaries,
-// lengths around the switch to the radix sort, and its messages in their check
-// order.
+// lengths around the switch to the radix sort (its messages: messages_test.cpp);
+// and, with the allocation hook here, the -999 exit of the chapter's routines
+// that allocate.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,16 +11,18 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <limits>
 #include <new>
+#include <numeric>
 #include <random>
+#include <string>
 #include <vector>
 
 #include <omp.h>
 
 #include "gen/sorting.hpp"
 #include "lbx3207qk.h"
-#include "tests/support/messages.hpp"
 
 // Allocation failure on demand: the allocation after `fail_countdown` more
 // allocations throws (a negative countdown never fails).
@@ -210,38 +213,6 @@ TEST(M01CAF, MatchesTheReferenceQuicksortWithNaNsAndSignedZeros)
     }
 }
 
-lbx::test::Raised sort(int m1, int m2, const char* order, std::size_t len = 1)
-{
-    double rv[4] = {4, 3, 2, 1};
-    const lbx::test::Raised r =
-        lbx::test::traced([&](char* e, int* i) { m01caft_(rv, &m1, &m2, order, e, i, len, 200); });
-    const bool moved = rv[0] != 4 || rv[1] != 3 || rv[2] != 2 || rv[3] != 1;
-    EXPECT_EQ(moved, r.ifail == 0 && m1 < m2) << m1 << " " << m2 << " " << order;
-    return r;
-}
-
-TEST(M01CAF, EveryMessageInItsCheckOrder)
-{
-    using T = lbx::test::Trigger;
-    lbx::test::check_catalogue(
-        lbx::sorting::catalogue_messages,
-        {
-            T{"M01CAF", "M2_LT_1", [] { return sort(1, 0, "A"); }, {"0"}},
-            T{"M01CAF", "M2_LT_1", [] { return sort(-5, -7, "Q"); }, {"-7"}, "before M1 and ORDER"},
-            T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "A"); }, {"0"}},
-            T{"M01CAF", "M1_LT_1", [] { return sort(0, 3, "Q"); }, {"0"}, "before ORDER"},
-            T{"M01CAF", "M1_GT_M2", [] { return sort(4, 3, "A"); }, {"4", "3"}},
-            T{"M01CAF", "M1_GT_M2", [] { return sort(3, 2, "Q"); }, {"3", "2"}, "before ORDER"},
-            T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "Z"); }, {"Z"}},
-            T{"M01CAF", "BAD_ORDER", [] { return sort(2, 2, " "); }, {""}, "one element"},
-            T{"M01CAF", "BAD_ORDER", [] { return sort(1, 3, "\x01"); }, {""}, "separator byte"},
-            T{"M01CAF", "", [] { return sort(2, 2, "d"); }, {}, "one element is left alone"},
-            T{"M01CAF", "", [] { return sort(1, 4, "ascending", 9); }, {}, "first character"},
-            T{"M01CAF", "", [] { return sort(1, 4, "A", 0); }, {}, "declared length 1"},
-            T{"M01CAF", "", [] { return sort(3, 4, "a"); }},
-        });
-}
-
 TEST(M01CAF, SortsWhenTheFastPathCannotAllocate)
 {
     const std::vector<double> v = data(5000, 0, 3);
@@ -276,6 +247,75 @@ TEST(M01CAF, ResultDoesNotDependOnTheNumberOfThreads)
     std::sort(sorted.begin(), sorted.end());
     EXPECT_TRUE(same_bits(one, sorted));
     omp_set_num_threads(omp_get_num_procs());
+}
+
+}  // namespace
+
+namespace {
+
+// The routines that need working arrays report a failed allocation as -999
+// (quietly, IFAIL = 1 on entry) and leave their outputs alone.
+TEST(Sorting, AllocationFailureIsMinus999)
+{
+    const int m1 = 1, m2 = 3000, one = 1;
+    std::vector<double> rv(m2, 1.0);
+    std::vector<int> irank(m2, -7), iperm(m2);
+    std::iota(iperm.begin(), iperm.end(), 1);
+    std::string ch(4 * m2, 'x');
+    int iuser[1] = {0};
+    auto never = [](const int*, const int*, int*, double*) { return 0; };
+    const std::pair<const char*, std::function<int()>> calls[] = {
+        {"M01DAF",
+         [&] {
+             int f = 1;
+             m01daf_(rv.data(), &m1, &m2, "A", irank.data(), &f, 1);
+             return f;
+         }},
+        {"M01DCF",
+         [&] {
+             int f = 1;
+             m01dcf_(ch.data(), &m1, &m2, &one, &one, "A", irank.data(), &f, 4, 1);
+             return f;
+         }},
+        {"M01DEF",
+         [&] {
+             int f = 1;
+             m01def_(rv.data(), &m2, &m1, &m2, &one, &one, "A", irank.data(), &f, 1);
+             return f;
+         }},
+        {"M01DZF",
+         [&] {
+             int f = 1;
+             m01dzf_(never, &m1, &m2, irank.data(), iuser, rv.data(), &f);
+             return f;
+         }},
+        {"M01CCF",
+         [&] {
+             int f = 1;
+             m01ccf_(ch.data(), &m1, &m2, &one, &one, "A", &f, 4, 1);
+             return f;
+         }},
+        {"M01EAF",
+         [&] {
+             int f = 1;
+             m01eaf_(rv.data(), &m1, &m2, iperm.data(), &f);
+             return f;
+         }},
+        {"M01ZAF",
+         [&] {
+             int f = 1;
+             m01zaf_(iperm.data(), &m1, &m2, &f);
+             return f;
+         }},
+    };
+    for (const auto& [name, call] : calls) {
+        fail_countdown = 0;
+        const int ifail = call();
+        fail_countdown = -1;
+        EXPECT_EQ(ifail, -999) << name;
+        EXPECT_EQ(irank[0], -7) << name;
+        EXPECT_EQ(iperm[0], 1) << name;
+    }
 }
 
 }  // namespace
