@@ -1,0 +1,244 @@
+// D01AJF through its traced entry: the battery against QUADPACK's own QAGS
+// (tests/data/quadrature_battery.txt, made by tools/quadrature_reference.py),
+// limits as given and reversed, bit for bit; every catalogue message; the
+// workspace edges and the result layout.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "gen/calculus.hpp"
+#include "lbx3207qk.h"
+#include "tests/support/messages.hpp"
+
+namespace {
+
+using lbx::calculus::D01AJF_FFn;
+using std::atan, std::cos, std::exp, std::fabs, std::floor, std::log, std::pow, std::sin, std::sqrt;
+using R = lbx::test::Raised;
+using lbx::test::e;
+
+struct Integrand {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, epsabs, epsrel;
+    int limit;
+};
+
+#define BATTERY(name, expr, a, b, epsabs, epsrel, limit) \
+    {#name,                                              \
+     [](const double* px) {                              \
+         const double x = *px;                           \
+         return expr;                                    \
+     },                                                  \
+     a,                                                  \
+     b,                                                  \
+     epsabs,                                             \
+     epsrel,                                             \
+     limit},
+const Integrand battery[] = {
+#include "tests/calculus/quadrature_battery.inc"
+};
+#undef BATTERY
+
+// A traced caller's adapter: counts the calls in IUSER(1), then calls F.
+double counting_adapter(D01AJF_FFn fn, const double* x, int* iuser, double*)
+{
+    ++iuser[0];
+    return fn(x);
+}
+
+struct Outcome {
+    R raised;
+    double result = 0, abserr = 0;
+    int evals = 0;
+    std::vector<double> w;
+    std::vector<int> iw;
+};
+
+Outcome d01ajf(D01AJF_FFn f, double a, double b, double epsabs, double epsrel, int lw, int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01ajft_(f, &counting_adapter, &a, &b, &epsabs, &epsrel, &r.result, &r.abserr, r.w.data(),
+                 &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail, 200);
+    });
+    return r;
+}
+
+const Integrand& find(const std::string& name)
+{
+    for (const Integrand& i : battery)
+        if (name == i.name)
+            return i;
+    ADD_FAILURE() << "no integrand " << name;
+    return battery[0];
+}
+
+TEST(Quadrature, BatteryEqualsPublishedQagsBitForBit)
+{
+    std::ifstream in(LBX_TEST_DATA "/quadrature_battery.txt");
+    ASSERT_TRUE(in) << "missing reference table";
+    std::string line;
+    int rows = 0;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#')
+            continue;
+        std::istringstream s(line);
+        std::string name, direction, result, abserr;
+        int neval = 0, last = 0, ier = 0;
+        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
+        const Integrand& t = find(name);
+        const bool fwd = direction == "forward";
+        const Outcome r =
+            d01ajf(t.f, fwd ? t.a : t.b, fwd ? t.b : t.a, t.epsabs, t.epsrel, 4 * t.limit, t.limit);
+        const std::string what = name + " " + direction;
+        EXPECT_EQ(r.raised.ifail, ier) << what;
+        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
+        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << what;
+        EXPECT_EQ(std::signbit(r.result), std::signbit(std::strtod(result.c_str(), nullptr)))
+            << what;
+        EXPECT_EQ(r.iw[0], last) << what;
+        EXPECT_EQ(r.evals, neval) << what;
+        ++rows;
+    }
+    EXPECT_EQ(rows, 2 * static_cast<int>(std::size(battery)));
+}
+
+double sqrt_end(const double* x)
+{
+    return std::sqrt(*x);
+}
+double inv_x(const double* x)
+{
+    return 1.0 / *x;
+}
+double bad_point(const double* x)
+{
+    return 1.0 / std::fabs(*x - 0.3);
+}
+double inv_sq(const double* x)
+{
+    return 1.0 / (*x * *x);
+}
+double roundoff(const double* x)
+{
+    return std::log(*x) / std::sqrt(*x);
+}
+double peak(const double* x)
+{
+    return 1.0 / ((*x - 0.3) * (*x - 0.3) + 0.01);
+}
+
+R call(D01AJF_FFn f, double epsabs, double epsrel, int lw, int liw, double a = 0, double b = 1)
+{
+    return d01ajf(f, a, b, epsabs, epsrel, lw, liw).raised;
+}
+
+TEST(Quadrature, EveryMessage)
+{
+    using T = lbx::test::Trigger;
+    lbx::test::check_catalogue(
+        lbx::calculus::catalogue_messages,
+        {
+            T{"D01AJF",
+              "LIMIT_REACHED",
+              [] { return call(inv_x, 0, 1e-10, 200, 50); },
+              {"50", "200", "50"}},
+            T{"D01AJF",
+              "LIMIT_REACHED",
+              [] { return call(sqrt_end, 0, 1e-10, 7, 3); },
+              {"1", "7", "3"},
+              "LIMIT 1 always ends here"},
+            T{"D01AJF",
+              "ROUND_OFF",
+              [] { return call(peak, -1e-17, 0, 200, 50); },
+              {e(-1e-17), e(0)},
+              "quotes EPSABS as given"},
+            T{"D01AJF", "BAD_INTEGRAND", [] { return call(bad_point, 0, 1e-10, 800, 200); }},
+            T{"D01AJF", "EXTRAPOLATION_ROUND_OFF",
+              [] { return call(roundoff, 1e-17, 0, 200, 50); }},
+            T{"D01AJF", "DIVERGENT", [] { return call(inv_sq, 0, 1e-10, 200, 50); }},
+            T{"D01AJF", "LW_TOO_SMALL", [] { return call(sqrt_end, 0, 1e-10, 3, 1); }, {"3"}},
+            T{"D01AJF",
+              "LW_TOO_SMALL",
+              [] { return call(sqrt_end, 0, 1e-10, 0, 0); },
+              {"0"},
+              "LW checked before LIW"},
+            T{"D01AJF", "LIW_TOO_SMALL", [] { return call(sqrt_end, 0, 1e-10, 4, 0); }, {"0"}},
+            T{"D01AJF", "", [] { return call(sqrt_end, -0.0, -1e-10, 200, 50); }},
+        });
+}
+
+TEST(Quadrature, BadIntegrandQuotesTheLastBisectedInterval)
+{
+    const Outcome r = d01ajf(bad_point, 0, 1, 0, 1e-10, 800, 200);
+    ASSERT_EQ(r.raised.ifail, 3);
+    const double l = std::strtod(r.raised.values[0].c_str(), nullptr);
+    const double h = std::strtod(r.raised.values[1].c_str(), nullptr);
+    EXPECT_LE(l, 0.3);
+    EXPECT_GE(h, 0.3);
+    EXPECT_LT(h - l, 1e-13);
+}
+
+// LIMIT = min(LW/4, LIW): one application of the rule for LW 4 to 7 or LIW 1.
+TEST(Quadrature, WorkspaceEdgesGiveLimitOne)
+{
+    for (const auto& [lw, liw] : {std::pair{4, 1}, {7, 5}, {8, 1}}) {
+        const Outcome r = d01ajf(sqrt_end, 0, 1, 0, 1e-10, lw, liw);
+        EXPECT_EQ(r.raised.ifail, 1) << lw;
+        EXPECT_EQ(r.iw[0], 1) << lw;
+        EXPECT_EQ(r.evals, 21) << lw;
+        EXPECT_EQ(r.w[0], 0.0);
+        EXPECT_EQ(r.w[1], 1.0);
+        EXPECT_EQ(r.w[2], r.result);
+        EXPECT_EQ(r.w[3], r.abserr);
+    }
+}
+
+TEST(Quadrature, NegativeTolerancesActAsTheirAbsoluteValues)
+{
+    const Outcome p = d01ajf(roundoff, 0, 1, 1e-9, 1e-7, 200, 50);
+    const Outcome n = d01ajf(roundoff, 0, 1, -1e-9, -1e-7, 200, 50);
+    EXPECT_EQ(p.raised.ifail, 0);
+    EXPECT_EQ(n.raised.ifail, 0);
+    EXPECT_EQ(p.result, n.result);
+    EXPECT_EQ(p.abserr, n.abserr);
+    EXPECT_EQ(p.evals, n.evals);
+}
+
+// After LAST < LIMIT intervals the four lists lie at stride LAST and tile
+// [A, B]; the error estimates add up to at least ABSERR's share.
+TEST(Quadrature, ListsCompactedToStrideLast)
+{
+    const int limit = 50;
+    const Outcome r = d01ajf(peak, 0, 1, 0, 1e-10, 4 * limit + 3, limit + 7);
+    ASSERT_EQ(r.raised.ifail, 0);
+    const int last = r.iw[0];
+    ASSERT_GT(last, 1);
+    ASSERT_LT(last, limit);
+    std::vector<std::pair<double, double>> ends;
+    double sum = 0;
+    for (int i = 0; i < last; ++i) {
+        ends.emplace_back(r.w[i], r.w[last + i]);
+        sum += r.w[2 * last + i];
+        EXPECT_GE(r.w[3 * last + i], 0.0);
+    }
+    std::sort(ends.begin(), ends.end());
+    EXPECT_EQ(ends.front().first, 0.0);
+    EXPECT_EQ(ends.back().second, 1.0);
+    for (int i = 0; i + 1 < last; ++i)
+        EXPECT_EQ(ends[i].second, ends[i + 1].first);
+    EXPECT_NEAR(sum, r.result, 1e-9 * std::fabs(r.result));
+    EXPECT_EQ(r.evals, 42 * last - 21);
+}
+
+}  // namespace
