@@ -38,22 +38,22 @@ void D01AJYN(int& n, double* epstab, double& result, double& abserr, double* res
             const double e1abs = std::fabs(e1);
             const double delta2 = e2 - e1;
             const double err2 = std::fabs(delta2);
-            const double tol2 = std::fmax(std::fabs(e2), e1abs) * epmach;
+            const double tol2 = quadpack::dmax(std::fabs(e2), e1abs) * epmach;
             const double delta3 = e1 - e0;
             const double err3 = std::fabs(delta3);
-            const double tol3 = std::fmax(e1abs, std::fabs(e0)) * epmach;
+            const double tol3 = quadpack::dmax(e1abs, std::fabs(e0)) * epmach;
             if (err2 <= tol2 && err3 <= tol3) {
                 // e0, e1 and e2 equal to machine accuracy: convergence.
                 result = res;
                 abserr = err2 + err3;
-                abserr = std::fmax(abserr, 5.0 * epmach * std::fabs(result));
+                abserr = quadpack::dmax(abserr, 5.0 * epmach * std::fabs(result));
                 return;
             }
             const double e3 = e[k1];
             e[k1] = e1;
             const double delta1 = e1 - e3;
             const double err1 = std::fabs(delta1);
-            const double tol1 = std::fmax(e1abs, std::fabs(e3)) * epmach;
+            const double tol1 = quadpack::dmax(e1abs, std::fabs(e3)) * epmach;
             // Two elements very close, or irregular behaviour: omit a part
             // of the table by adjusting n.
             if (err1 <= tol1 || err2 <= tol2 || err3 <= tol3) {
@@ -104,7 +104,7 @@ void D01AJYN(int& n, double* epstab, double& result, double& abserr, double* res
             res3la[2] = result;
         }
     }
-    abserr = std::fmax(abserr, 5.0 * epmach * std::fabs(result));
+    abserr = quadpack::dmax(abserr, 5.0 * epmach * std::fabs(result));
 }
 
 }  // namespace lbx::calculus

@@ -41,10 +41,10 @@ inline constexpr double wg[5] = {
 inline double kronrod_error(double err, double resabs, double resasc)
 {
     if (resasc != 0.0 && err != 0.0) {
-        err = resasc * std::fmin(1.0, std::pow(200.0 * err / resasc, 1.5));
+        err = resasc * quadpack::dmin(1.0, std::pow(200.0 * err / resasc, 1.5));
     }
     if (resabs > quadpack::uflow / (50.0 * quadpack::epmach)) {
-        err = std::fmax((quadpack::epmach * 50.0) * resabs, err);
+        err = quadpack::dmax((quadpack::epmach * 50.0) * resabs, err);
     }
     return err;
 }

@@ -50,7 +50,7 @@ QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
     double defabs, resabs;
     D01AJZN(f, a, b, result, abserr, defabs, resabs);
     const double dres = std::fabs(result);
-    double errbnd = std::fmax(epsabs, epsrel * dres);
+    double errbnd = quadpack::dmax(epsabs, epsrel * dres);
     last = 1;
     rlist[1] = result;
     elist[1] = abserr;
@@ -119,7 +119,7 @@ QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
         }
         rlist[maxerr] = area1;
         rlist[last] = area2;
-        errbnd = std::fmax(epsabs, epsrel * std::fabs(area));
+        errbnd = quadpack::dmax(epsabs, epsrel * std::fabs(area));
 
         // Round-off, the limit, and bad behaviour at a point of the range.
         if (iroff1 + iroff2 >= 10 || iroff3 >= 20) {
@@ -131,7 +131,7 @@ QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
         if (last == limit) {
             ier = 1;
         }
-        if (std::fmax(std::fabs(a1), std::fabs(b2)) <=
+        if (quadpack::dmax(std::fabs(a1), std::fabs(b2)) <=
             (1.0 + 100.0 * epmach) * (std::fabs(a2) + 1000.0 * uflow)) {
             ier = 4;
             out.bad_left = a1;
@@ -218,7 +218,7 @@ QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
             abserr = abseps;
             result = reseps;
             correc = erlarg;
-            ertest = std::fmax(epsabs, epsrel * std::fabs(reseps));
+            ertest = quadpack::dmax(epsabs, epsrel * std::fabs(reseps));
             if (abserr <= ertest) {
                 break;  // 100
             }
@@ -270,7 +270,7 @@ QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
     }
     if (divergence_test) {
         // 110: test on divergence.
-        if (!(ksgn == -1 && std::fmax(std::fabs(result), std::fabs(area)) <= defabs * 0.01)) {
+        if (!(ksgn == -1 && quadpack::dmax(std::fabs(result), std::fabs(area)) <= defabs * 0.01)) {
             if (0.01 > result / area || result / area > 100.0 || errsum > std::fabs(area)) {
                 ier = 6;
             }

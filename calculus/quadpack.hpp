@@ -21,6 +21,18 @@ inline constexpr double oflow = lbx::machine::huge;
 // Length of the extrapolation table (LIMEXP + 2) and of the last results kept.
 inline constexpr int epstab_length = 52;
 
+// MAX and MIN of two reals as the published code uses them (DMAX1, DMIN1),
+// inline: std::fmax and std::fmin are library calls in ISO mode. Equal to
+// them when neither argument is a NaN.
+inline double dmax(double a, double b)
+{
+    return b > a ? b : a;
+}
+inline double dmin(double a, double b)
+{
+    return b < a ? b : a;
+}
+
 }  // namespace quadpack
 
 // The caller's subinterval lists, each of limit elements (0-based here):

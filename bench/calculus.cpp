@@ -1,0 +1,142 @@
+// Adaptive quadrature: D01AJF against GSL's gsl_integration_qags on the test
+// battery of tests/calculus/quadrature_battery.inc, each integral with its own
+// tolerances and LIMIT (GSL: a workspace of LIMIT intervals). Three rows per
+// integrand: lbx (the plain entry D01AJF, the user function called through
+// the adapter), core (the QAGS core with the function called directly: the
+// difference to lbx is what the entry layers and the adapter cost) and gsl.
+// The counter "evals" is the number of integrand evaluations per integral.
+// tools/quadrature_bench_table.py turns the JSON output into the table.
+#include <benchmark/benchmark.h>
+#include <gsl/gsl_errno.h>
+#include <gsl/gsl_integration.h>
+
+#include <cmath>
+#include <vector>
+
+#include "calculus/qags.hpp"
+#include "lbx3207qk.h"
+
+namespace {
+
+using std::atan, std::cos, std::exp, std::fabs, std::floor, std::log, std::pow, std::sin, std::sqrt;
+
+struct Integrand {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, epsabs, epsrel;
+    int limit;
+};
+
+#define BATTERY(name, expr, a, b, epsabs, epsrel, limit) \
+    {#name,                                              \
+     [](const double* px) {                              \
+         const double x = *px;                           \
+         return expr;                                    \
+     },                                                  \
+     a,                                                  \
+     b,                                                  \
+     epsabs,                                             \
+     epsrel,                                             \
+     limit},
+const Integrand battery[] = {
+#include "../tests/calculus/quadrature_battery.inc"
+};
+#undef BATTERY
+
+long g_calls = 0;
+const Integrand* g_current = nullptr;
+
+double counted(const double* x)
+{
+    ++g_calls;
+    return g_current->f(x);
+}
+
+double gsl_f(double x, void*)
+{
+    ++g_calls;
+    return g_current->f(&x);
+}
+
+void report(benchmark::State& state, long calls, long runs, int ier)
+{
+    state.counters["evals"] = double(calls) / double(runs);
+    state.counters["ier"] = ier;
+}
+
+void bench_lbx(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01ajf_(counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, w.data(), &lw,
+                iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_core(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int limit = t->limit;
+    std::vector<double> w(4 * limit);
+    std::vector<int> iw(limit);
+    const lbx::calculus::Subintervals s{
+        w.data(), w.data() + limit, w.data() + 2 * limit, w.data() + 3 * limit, iw.data(), limit};
+    double result = 0, abserr = 0;
+    int ier = 0;
+    long runs = 0;
+    g_calls = 0;
+    auto f = [](double x) { return counted(&x); };
+    for (auto _ : state) {
+        ier = lbx::calculus::qags_core(f, t->a, t->b, std::fabs(t->epsabs), std::fabs(t->epsrel), s,
+                                       result, abserr)
+                  .ier;
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ier);
+}
+
+void bench_gsl(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_f, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qags(&f, t->a, t->b, t->epsabs, t->epsrel, t->limit, ws, &result,
+                                      &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    report(state, g_calls, runs, status);
+}
+
+int register_all()
+{
+    for (const Integrand& t : battery) {
+        benchmark::RegisterBenchmark((std::string("lbx/") + t.name).c_str(), bench_lbx, &t);
+        benchmark::RegisterBenchmark((std::string("core/") + t.name).c_str(), bench_core, &t);
+        benchmark::RegisterBenchmark((std::string("gsl/") + t.name).c_str(), bench_gsl, &t);
+    }
+    return 0;
+}
+
+const int registered = register_all();
+
+}  // namespace
