@@ -4,6 +4,8 @@
 // integrand: lbx (the plain entry D01AJF, the user function called through
 // the adapter), core (the QAGS core with the function called directly: the
 // difference to lbx is what the entry layers and the adapter cost) and gsl.
+// Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
+// with the 61-point rule, GSL_INTEG_GAUSS61).
 // The counter "evals" is the number of integrand evaluations per integral.
 // tools/quadrature_bench_table.py turns the JSON output into the table.
 #include <benchmark/benchmark.h>
@@ -84,6 +86,46 @@ void bench_lbx(benchmark::State& state, const Integrand* t)
     report(state, g_calls, runs, ifail);
 }
 
+void bench_lbx61(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01akf_(counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, w.data(), &lw,
+                iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_gsl61(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_f, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qag(&f, t->a, t->b, t->epsabs, t->epsrel, t->limit,
+                                     GSL_INTEG_GAUSS61, ws, &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    report(state, g_calls, runs, status);
+}
+
 void bench_core(benchmark::State& state, const Integrand* t)
 {
     g_current = t;
@@ -133,6 +175,8 @@ int register_all()
         benchmark::RegisterBenchmark((std::string("lbx/") + t.name).c_str(), bench_lbx, &t);
         benchmark::RegisterBenchmark((std::string("core/") + t.name).c_str(), bench_core, &t);
         benchmark::RegisterBenchmark((std::string("gsl/") + t.name).c_str(), bench_gsl, &t);
+        benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
+        benchmark::RegisterBenchmark((std::string("gsl61/") + t.name).c_str(), bench_gsl61, &t);
     }
     return 0;
 }

@@ -1,6 +1,7 @@
-// Gauss-Kronrod rules on one interval, QUADPACK's DQK21 (D01AJZN): the
-// 21-point Kronrod rule with its embedded 10-point Gauss rule, the error
-// estimate scaled as the published rule scales it.
+// Gauss-Kronrod rules on one interval: QUADPACK's DQK21 (D01AJZN, the
+// 21-point Kronrod rule with its embedded 10-point Gauss rule) and DQK61
+// (D01AKZN, 61 points, 30-point Gauss rule), the error estimate scaled as
+// the published rules scale it.
 #pragma once
 
 #include <cmath>
@@ -35,6 +36,57 @@ inline constexpr double wg[5] = {
 
 }  // namespace kronrod21
 
+namespace kronrod61 {
+
+// The published DQK61 tables (QUADPACK, 1983), as exact decimal literals;
+// largest node first, centre last; wg: the 30-point Gauss weights of the
+// nodes xgk[1], xgk[3], ..., xgk[29].
+inline constexpr double xgk[31] = {
+    0.999484410050490637571325895705811, 0.996893484074649540271630050918695,
+    0.991630996870404594858628366109486, 0.983668123279747209970032581605663,
+    0.973116322501126268374693868423707, 0.960021864968307512216871025581798,
+    0.944374444748559979415831324037439, 0.926200047429274325879324277080474,
+    0.905573307699907798546522558925958, 0.882560535792052681543116462530226,
+    0.857205233546061098958658510658944, 0.829565762382768397442898119732502,
+    0.799727835821839083013668942322683, 0.767777432104826194917977340974503,
+    0.733790062453226804726171131369528, 0.697850494793315796932292388026640,
+    0.660061064126626961370053668149271, 0.620526182989242861140477556431189,
+    0.579345235826361691756024932172540, 0.536624148142019899264169793311073,
+    0.492480467861778574993693061207709, 0.447033769538089176780609900322854,
+    0.400401254830394392535476211542661, 0.352704725530878113471037207089374,
+    0.304073202273625077372677107199257, 0.254636926167889846439805129817805,
+    0.204525116682309891438957671002025, 0.153869913608583546963794672743256,
+    0.102806937966737030147096751318001, 0.051471842555317695833025213166723,
+    0.000000000000000000000000000000000};
+inline constexpr double wgk[31] = {
+    0.001389013698677007624551591226760, 0.003890461127099884051267201844516,
+    0.006630703915931292173319826369750, 0.009273279659517763428441146892024,
+    0.011823015253496341742232898853251, 0.014369729507045804812451432443580,
+    0.016920889189053272627572289420322, 0.019414141193942381173408951050128,
+    0.021828035821609192297167485738339, 0.024191162078080601365686370725232,
+    0.026509954882333101610601709335075, 0.028754048765041292843978785354334,
+    0.030907257562387762472884252943092, 0.032981447057483726031814191016854,
+    0.034979338028060024137499670731468, 0.036882364651821229223911065617136,
+    0.038678945624727592950348651532281, 0.040374538951535959111995279752468,
+    0.041969810215164246147147541285970, 0.043452539701356069316831728117073,
+    0.044814800133162663192355551616723, 0.046059238271006988116271735559374,
+    0.047185546569299153945261478181099, 0.048185861757087129140779492298305,
+    0.049055434555029778887528165367238, 0.049795683427074206357811569379942,
+    0.050405921402782346840893085653585, 0.050881795898749606492297473049805,
+    0.051221547849258772170656282604944, 0.051426128537459025933862879215781,
+    0.051494729429451567558340433647099};
+inline constexpr double wg[15] = {
+    0.007968192496166605615465883474674, 0.018466468311090959142302131912047,
+    0.028784707883323369349719179611292, 0.038799192569627049596801936446348,
+    0.048402672830594052902938140422808, 0.057493156217619066481721689402056,
+    0.065974229882180495128128515115962, 0.073755974737705206268243850022191,
+    0.080755895229420215354694938460530, 0.086899787201082979802387530715126,
+    0.092122522237786128717632707087619, 0.096368737174644259639468626351810,
+    0.099593420586795267062780282103569, 0.101762389748405504596428952168554,
+    0.102852652893558840341285636705415};
+
+}  // namespace kronrod61
+
 // The published error estimate of a Kronrod rule: the Kronrod-Gauss
 // difference scaled by min(1, (200 err / resasc)^1.5), bounded below by
 // 50 epmach resabs (all four already multiplied by the half-length).
@@ -49,23 +101,25 @@ inline double kronrod_error(double err, double resabs, double resasc)
     return err;
 }
 
-// D01AJZN: the 21-point rule on [a, b]. f(x) returns the integrand; result,
-// abserr, resabs (integral of abs(f)) and resasc (integral of abs(f - mean))
-// as DQK21 returns them, in its order of operations.
-template <class F>
-void D01AJZN(F&& f, double a, double b, double& result, double& abserr, double& resabs,
-             double& resasc)
+// A Gauss-Kronrod rule of 2 n + 1 points whose Gauss rule has n points (n
+// even, no Gauss node at the centre), in the published DQK21/DQK61 order of
+// operations: the centre, the n Gauss nodes in pairs, then the n + 1 Kronrod
+// nodes in pairs. xgk and wgk hold n + 1 values (centre last), wg n / 2.
+// result, abserr, resabs (integral of abs(f)) and resasc (integral of
+// abs(f - mean)) as the published rules return them.
+template <int N, class F>
+void gauss_kronrod(F&& f, double a, double b, const double* xgk, const double* wgk,
+                   const double* wg, double& result, double& abserr, double& resabs, double& resasc)
 {
-    using namespace kronrod21;
     const double centr = 0.5 * (a + b);
     const double hlgth = 0.5 * (b - a);
     const double dhlgth = std::fabs(hlgth);
-    double fv1[10], fv2[10];
+    double fv1[N], fv2[N];
     double resg = 0.0;
     const double fc = f(centr);
-    double resk = wgk[10] * fc;
+    double resk = wgk[N] * fc;
     double rabs = std::fabs(resk);
-    for (int j = 0; j < 5; ++j) {  // the Gauss nodes
+    for (int j = 0; j < N / 2; ++j) {  // the Gauss nodes
         const int jtw = 2 * j + 1;
         const double absc = hlgth * xgk[jtw];
         const double fval1 = f(centr - absc);
@@ -77,7 +131,7 @@ void D01AJZN(F&& f, double a, double b, double& result, double& abserr, double& 
         resk = resk + wgk[jtw] * fsum;
         rabs = rabs + wgk[jtw] * (std::fabs(fval1) + std::fabs(fval2));
     }
-    for (int j = 0; j < 5; ++j) {  // the Kronrod nodes
+    for (int j = 0; j < N / 2; ++j) {  // the Kronrod nodes
         const int jtwm1 = 2 * j;
         const double absc = hlgth * xgk[jtwm1];
         const double fval1 = f(centr - absc);
@@ -89,14 +143,34 @@ void D01AJZN(F&& f, double a, double b, double& result, double& abserr, double& 
         rabs = rabs + wgk[jtwm1] * (std::fabs(fval1) + std::fabs(fval2));
     }
     const double reskh = resk * 0.5;
-    double rasc = wgk[10] * std::fabs(fc - reskh);
-    for (int j = 0; j < 10; ++j) {
+    double rasc = wgk[N] * std::fabs(fc - reskh);
+    for (int j = 0; j < N; ++j) {
         rasc = rasc + wgk[j] * (std::fabs(fv1[j] - reskh) + std::fabs(fv2[j] - reskh));
     }
     result = resk * hlgth;
     resabs = rabs * dhlgth;
     resasc = rasc * dhlgth;
     abserr = kronrod_error(std::fabs((resk - resg) * hlgth), resabs, resasc);
+}
+
+// D01AJZN: the 21-point rule on [a, b] (DQK21).
+template <class F>
+void D01AJZN(F&& f, double a, double b, double& result, double& abserr, double& resabs,
+             double& resasc)
+{
+    gauss_kronrod<10>(f, a, b, kronrod21::xgk, kronrod21::wgk, kronrod21::wg, result, abserr,
+                      resabs, resasc);
+}
+
+// D01AKZN: the 61-point rule on [a, b] (DQK61). The published DQK61 takes
+// the nodes at centr -+ abs(hlgth) xgk, which for b < a only exchanges the
+// two calls of a pair: the sums, being sums of the pair, are the same.
+template <class F>
+void D01AKZN(F&& f, double a, double b, double& result, double& abserr, double& resabs,
+             double& resasc)
+{
+    gauss_kronrod<30>(f, a, b, kronrod61::xgk, kronrod61::wgk, kronrod61::wg, result, abserr,
+                      resabs, resasc);
 }
 
 }  // namespace lbx::calculus
