@@ -4,6 +4,8 @@
 // integrand: lbx (the plain entry D01AJF, the user function called through
 // the adapter), core (the QAGS core with the function called directly: the
 // difference to lbx is what the entry layers and the adapter cost) and gsl.
+// For the infinite-range battery (tests/calculus/quadrature_infinite.inc):
+// lbxinf (D01AMF) and gslinf (gsl_integration_qagiu, qagil or qagi).
 // Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
 // with the 61-point rule, GSL_INTEG_GAUSS61).
 // The counter "evals" is the number of integrand evaluations per integral.
@@ -45,13 +47,100 @@ const Integrand battery[] = {
 };
 #undef BATTERY
 
+struct InfiniteRange {
+    const char* name;
+    double (*f)(const double*);
+    double bound;
+    int inf;
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define INFINITE(name, expr, bound, inf, epsabs, epsrel, limit) \
+    {#name,                                                     \
+     [](const double* px) {                                     \
+         const double x = *px;                                  \
+         return expr;                                           \
+     },                                                         \
+     bound,                                                     \
+     inf,                                                       \
+     epsabs,                                                    \
+     epsrel,                                                    \
+     limit},
+const InfiniteRange infinite[] = {
+#include "../tests/calculus/quadrature_infinite.inc"
+};
+#undef INFINITE
+
 long g_calls = 0;
 const Integrand* g_current = nullptr;
+
+const InfiniteRange* g_infinite = nullptr;
 
 double counted(const double* x)
 {
     ++g_calls;
     return g_current->f(x);
+}
+
+double counted_infinite(const double* x)
+{
+    ++g_calls;
+    return g_infinite->f(x);
+}
+
+double gsl_infinite(double x, void*)
+{
+    ++g_calls;
+    return g_infinite->f(&x);
+}
+
+void bench_lbxinf(benchmark::State& state, const InfiniteRange* t)
+{
+    g_infinite = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01amf_(counted_infinite, &t->bound, &t->inf, &t->epsabs, &t->epsrel, &result, &abserr,
+                w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = ifail;
+}
+
+void bench_gslinf(benchmark::State& state, const InfiniteRange* t)
+{
+    g_infinite = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_infinite, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        if (t->inf == 1)
+            status = gsl_integration_qagiu(&f, t->bound, t->epsabs, t->epsrel, t->limit, ws,
+                                           &result, &abserr);
+        else if (t->inf == -1)
+            status = gsl_integration_qagil(&f, t->bound, t->epsabs, t->epsrel, t->limit, ws,
+                                           &result, &abserr);
+        else
+            status = gsl_integration_qagi(&f, t->epsabs, t->epsrel, t->limit, ws, &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = status;
 }
 
 double gsl_f(double x, void*)
@@ -139,9 +228,12 @@ void bench_core(benchmark::State& state, const Integrand* t)
     long runs = 0;
     g_calls = 0;
     auto f = [](double x) { return counted(&x); };
+    auto rule = [](auto& g, double lo, double hi, double& r, double& e, double& ra, double& rs) {
+        lbx::calculus::D01AJZN(g, lo, hi, r, e, ra, rs);
+    };
     for (auto _ : state) {
-        ier = lbx::calculus::qags_core(f, t->a, t->b, std::fabs(t->epsabs), std::fabs(t->epsrel), s,
-                                       result, abserr)
+        ier = lbx::calculus::qags_core(rule, f, t->a, t->b, std::fabs(t->epsabs),
+                                       std::fabs(t->epsrel), s, result, abserr)
                   .ier;
         benchmark::DoNotOptimize(result);
         ++runs;
@@ -177,6 +269,10 @@ int register_all()
         benchmark::RegisterBenchmark((std::string("gsl/") + t.name).c_str(), bench_gsl, &t);
         benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
         benchmark::RegisterBenchmark((std::string("gsl61/") + t.name).c_str(), bench_gsl61, &t);
+    }
+    for (const InfiniteRange& t : infinite) {
+        benchmark::RegisterBenchmark((std::string("lbxinf/") + t.name).c_str(), bench_lbxinf, &t);
+        benchmark::RegisterBenchmark((std::string("gslinf/") + t.name).c_str(), bench_gslinf, &t);
     }
     return 0;
 }

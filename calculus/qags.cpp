@@ -23,8 +23,11 @@ void D01AJFN(const D01AJF_FProc& f, double a, double b, double epsabs, double ep
     const int limit = std::min(lw / 4, liw);
     const Subintervals s{w, w + limit, w + 2 * limit, w + 3 * limit, iw, limit};
     auto eval = [&](double x) { return f(x, iuser, ruser); };
+    auto rule = [](auto& g, double lo, double hi, double& r, double& e, double& ra, double& rs) {
+        D01AJZN(g, lo, hi, r, e, ra, rs);
+    };
     const QagsOutcome o =
-        qags_core(eval, a, b, std::fabs(epsabs), std::fabs(epsrel), s, result, abserr);
+        qags_core(rule, eval, a, b, std::fabs(epsabs), std::fabs(epsrel), s, result, abserr);
     if (o.last < limit) {
         compact_lists(w, limit, o.last);
     }

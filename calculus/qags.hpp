@@ -21,8 +21,11 @@ struct QagsOutcome {
     double bad_left = 0.0, bad_right = 0.0;
 };
 
-template <class F>
-QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
+// rule(f, a, b, result, abserr, resabs, resasc) applies the Kronrod rule:
+// D01AJZN for D01AJF; for D01AMF the 15-point rule on the transformed range
+// (0, 1), which makes the core QUADPACK's QAGI (DQAGIE).
+template <class Rule, class F>
+QagsOutcome qags_core(Rule&& rule, F&& f, double a, double b, double epsabs, double epsrel,
                       const Subintervals& s, double& result, double& abserr)
 {
     using quadpack::epmach;
@@ -48,7 +51,7 @@ QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
     // First approximation to the integral.
     int ierro = 0;
     double defabs, resabs;
-    D01AJZN(f, a, b, result, abserr, defabs, resabs);
+    rule(f, a, b, result, abserr, defabs, resabs);
     const double dres = std::fabs(result);
     double errbnd = quadpack::dmax(epsabs, epsrel * dres);
     last = 1;
@@ -96,8 +99,8 @@ QagsOutcome qags_core(F&& f, double a, double b, double epsabs, double epsrel,
         const double b2 = blist[maxerr];
         const double erlast = errmax;
         double area1, error1, area2, error2, defab1, defab2;
-        D01AJZN(f, a1, b1, area1, error1, resabs, defab1);
-        D01AJZN(f, a2, b2, area2, error2, resabs, defab2);
+        rule(f, a1, b1, area1, error1, resabs, defab1);
+        rule(f, a2, b2, area2, error2, resabs, defab2);
 
         // Improve the previous approximations and test for accuracy.
         const double area12 = area1 + area2;

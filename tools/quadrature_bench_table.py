@@ -4,14 +4,15 @@
 Usage:
   build-bench/bench/bench_calculus --benchmark_min_time=0.05 --benchmark_repetitions=3 \\
       --benchmark_format=json > calculus.json
-  python3 tools/quadrature_bench_table.py calculus.json
+  python3 tools/quadrature_bench_table.py calculus.json [more.json ...]
 
 One row per integrand of tests/calculus/quadrature_battery.inc: evaluations
 per integral here and with GSL, the time ratio (time per integral here / with
 GSL, the least CPU time over the repetitions) and what the entry layers and the
 adapter add per integrand call (time here less the core's, over the
 evaluations), and the geometric mean of the ratios; then the same for D01AKF
-against GSL's qag with the 61-point rule.
+against GSL's qag with the 61-point rule, and D01AMF against GSL's qagiu,
+qagil and qagi.
 """
 import json
 import math
@@ -19,19 +20,23 @@ import sys
 
 
 def main():
-    data = json.load(open(sys.argv[1]))
+    benchmarks = [b for path in sys.argv[1:] for b in json.load(open(path))["benchmarks"]]
     by = {}
-    for b in data["benchmarks"]:
+    for b in benchmarks:
         if b.get("run_type", "iteration") != "iteration":
             continue
         side, name = b["name"].split("/", 1)
         cur = by.setdefault(name, {}).get(side)
         if cur is None or b["cpu_time"] < cur["cpu_time"]:
             by[name][side] = b
+    if not any("lbx" in e for e in by.values()):
+        return pair_tables(by)
     print("| Integrand | IFAIL | Evaluations | GSL evaluations | Time / GSL | Layers per call (ns) |")
     print("|---|---|---|---|---|---|")
     logs = []
     for name, e in by.items():
+        if "lbx" not in e:
+            continue
         lbx, core, gsl = e["lbx"], e["core"], e["gsl"]
         ratio = lbx["cpu_time"] / gsl["cpu_time"]
         logs.append(math.log(ratio))
@@ -39,14 +44,25 @@ def main():
         print(f"| {name} | {int(lbx['ier'])} | {lbx['evals']:.0f} | {gsl['evals']:.0f} | "
               f"{ratio:.2f} | {layers:.2f} |")
     print(f"\nGeometric mean of the time ratios: {math.exp(sum(logs) / len(logs)):.2f}")
-    if not all("lbx61" in e for e in by.values()):
+    pair_tables(by)
+
+
+def pair_tables(by):
+    pair_table(by, "lbx61", "gsl61", "D01AKF against gsl_integration_qag with the 61-point rule")
+    pair_table(by, "lbxinf", "gslinf",
+               "D01AMF against gsl_integration_qagiu, qagil or qagi (INF = 1, -1, 2)")
+
+
+def pair_table(by, ours, theirs, title):
+    rows = {n: e for n, e in by.items() if ours in e}
+    if not rows:
         return
-    print("\nD01AKF against gsl_integration_qag with the 61-point rule:\n")
+    print(f"\n{title}:\n")
     print("| Integrand | IFAIL | Evaluations | GSL evaluations | Time / GSL |")
     print("|---|---|---|---|---|")
     logs = []
-    for name, e in by.items():
-        lbx, gsl = e["lbx61"], e["gsl61"]
+    for name, e in rows.items():
+        lbx, gsl = e[ours], e[theirs]
         ratio = lbx["cpu_time"] / gsl["cpu_time"]
         logs.append(math.log(ratio))
         print(f"| {name} | {int(lbx['ier'])} | {lbx['evals']:.0f} | {gsl['evals']:.0f} | {ratio:.2f} |")

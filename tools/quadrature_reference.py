@@ -11,8 +11,11 @@ with reals as exact hexadecimal floats.  Run from the repository root:
 
     /usr/bin/python3 tools/quadrature_reference.py > tests/data/quadrature_battery.txt
     /usr/bin/python3 tools/quadrature_reference.py --qag61 > tests/data/quadrature_qag61.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qagi > tests/data/quadrature_qagi.txt
 
-The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
+The third, QUADPACK's QAGI (DQAGIE, SciPy's compiled Fortran, D01AMF), is for
+the integrands of tests/calculus/quadrature_infinite.inc, one line each
+(direction "given").  The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
 Debian's python3-scipy (D01AJF).  SciPy does not expose QAG, so the second is
 GSL's gsl_integration_qag with the 61-point rule (GSL_INTEG_GAUSS61), called
 through ctypes from libgsl (D01AKF): GSL's QAG is checked by GSL against the
@@ -37,16 +40,21 @@ NAMES = {n: getattr(math, n) for n in ("sqrt", "exp", "log", "sin", "cos", "atan
 NAMES["pow"] = math.pow
 
 
-def battery(path):
+def battery(path, macro="BATTERY"):
     rows = []
     for line in Path(path).read_text().splitlines():
-        m = re.match(r"^BATTERY\((\w+), (.*)\)$", line)
+        m = re.match(r"^" + macro + r"\((\w+), (.*)\)$", line)
         if not m:
             continue
         expr, *tail = m.group(2).rsplit(", ", 5)
         a, b, epsabs, epsrel = (float(t) for t in tail[:4])
         rows.append((m.group(1), expr, a, b, epsabs, epsrel, int(tail[4])))
     return rows
+
+
+def qagi(f, bound, inf, epsabs, epsrel, limit):
+    result, abserr, info, ier = _quadpack._qagie(f, bound, int(inf), (), 1, epsabs, epsrel, limit)
+    return result, abserr, info["neval"], info["last"], ier
 
 
 def qags(f, lo, hi, epsabs, epsrel, limit):
@@ -97,8 +105,24 @@ class Gsl:
         return result.value, abserr.value, calls[0], last, self.STATUS[status]
 
 
+def main_infinite(root):
+    print("# QUADPACK QAGI (DQAGIE) reference: name direction result abserr neval last ier")
+    print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_infinite.inc")
+    for name, expr, bound, inf, epsabs, epsrel, limit in battery(
+            root / "tests/calculus/quadrature_infinite.inc", "INFINITE"):
+        code = compile(expr, name, "eval")
+
+        def f(x, code=code):
+            return float(eval(code, {"__builtins__": {}}, dict(NAMES, x=x)))
+
+        result, abserr, neval, last, ier = qagi(f, bound, inf, epsabs, epsrel, limit)
+        print(f"{name} given {float(result).hex()} {float(abserr).hex()} {neval} {last} {ier}")
+
+
 def main():
     root = Path(__file__).resolve().parent.parent
+    if "--qagi" in sys.argv:
+        return main_infinite(root)
     qag = "--qag61" in sys.argv
     method = Gsl().qag61 if qag else qags
     what = "GSL qag, 61-point rule" if qag else "QUADPACK QAGS (DQAGSE)"

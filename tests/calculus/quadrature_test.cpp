@@ -47,6 +47,31 @@ const Integrand battery[] = {
 };
 #undef BATTERY
 
+struct InfiniteRange {
+    const char* name;
+    double (*f)(const double*);
+    double bound;
+    int inf;
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define INFINITE(name, expr, bound, inf, epsabs, epsrel, limit) \
+    {#name,                                                     \
+     [](const double* px) {                                     \
+         const double x = *px;                                  \
+         return expr;                                           \
+     },                                                         \
+     bound,                                                     \
+     inf,                                                       \
+     epsabs,                                                    \
+     epsrel,                                                    \
+     limit},
+const InfiniteRange infinite[] = {
+#include "tests/calculus/quadrature_infinite.inc"
+};
+#undef INFINITE
+
 // A traced caller's adapter: counts the calls in IUSER(1), then calls F.
 double counting_adapter(D01AJF_FFn fn, const double* x, int* iuser, double*)
 {
@@ -143,6 +168,53 @@ TEST(Quadrature, D01AKFEqualsQagWith61PointRule)
     EXPECT_EQ(check_battery("quadrature_qag61.txt", &d01akft_, 0.05), 102);
 }
 
+Outcome d01amf(D01AJF_FFn f, double bound, int inf, double epsabs, double epsrel, int lw, int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01amft_(f, &counting_adapter, &bound, &inf, &epsabs, &epsrel, &r.result, &r.abserr,
+                 r.w.data(), &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail, 200);
+    });
+    return r;
+}
+
+// QUADPACK's QAGI (SciPy's compiled Fortran) on the infinite-range battery.
+TEST(Quadrature, D01AMFEqualsPublishedQagiBitForBit)
+{
+    std::ifstream in(LBX_TEST_DATA "/quadrature_qagi.txt");
+    EXPECT_TRUE(in) << "missing reference table";
+    std::string line;
+    int rows = 0;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#')
+            continue;
+        std::istringstream s(line);
+        std::string name, direction, result, abserr;
+        int neval = 0, last = 0, ier = 0;
+        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
+        const InfiniteRange* t = nullptr;
+        for (const InfiniteRange& i : infinite)
+            if (name == i.name)
+                t = &i;
+        if (t == nullptr) {
+            ADD_FAILURE() << "no integrand " << name;
+            continue;
+        }
+        const Outcome r =
+            d01amf(t->f, t->bound, t->inf, t->epsabs, t->epsrel, 4 * t->limit, t->limit);
+        EXPECT_EQ(r.raised.ifail, ier) << name;
+        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << name;
+        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << name;
+        EXPECT_EQ(r.iw[0], last) << name;
+        EXPECT_EQ(r.evals, neval) << name;
+        ++rows;
+    }
+    EXPECT_EQ(rows, static_cast<int>(std::size(infinite)));
+}
+
 double sqrt_end(const double* x)
 {
     return std::sqrt(*x);
@@ -170,6 +242,32 @@ double peak(const double* x)
 double alg_mid(const double* x)
 {
     return 1.0 / std::sqrt(std::fabs(*x - 0.37));
+}
+
+double gauss(const double* x)
+{
+    return std::exp(-*x * *x);
+}
+double pole_2_3(const double* x)
+{
+    return std::exp(-*x) / std::fabs(*x - 2.3);
+}
+double inv_sqrt_exp(const double* x)
+{
+    return std::exp(-*x) / std::sqrt(*x);
+}
+double one(const double*)
+{
+    return 1.0;
+}
+double inv_1px(const double* x)
+{
+    return 1.0 / (1.0 + *x);
+}
+
+R ami(D01AJF_FFn f, int inf, double epsabs, double epsrel, int lw, int liw)
+{
+    return d01amf(f, 0.0, inf, epsabs, epsrel, lw, liw).raised;
 }
 
 R call(D01AJF_FFn f, double epsabs, double epsrel, int lw, int liw, Entry entry = &d01ajft_)
@@ -209,6 +307,26 @@ TEST(Quadrature, EveryMessage)
               "LW checked before LIW"},
             T{"D01AJF", "LIW_TOO_SMALL", [] { return call(sqrt_end, 0, 1e-10, 4, 0); }, {"0"}},
             T{"D01AJF", "", [] { return call(sqrt_end, -0.0, -1e-10, 200, 50); }},
+            T{"D01AMF",
+              "LIMIT_REACHED",
+              [] { return ami(inv_1px, 1, 0, 1e-10, 40, 10); },
+              {"10", "40", "10"}},
+            T{"D01AMF",
+              "ROUND_OFF",
+              [] { return ami(gauss, 2, 1e-30, 0, 200, 50); },
+              {e(1e-30), e(0)}},
+            T{"D01AMF", "BAD_INTEGRAND", [] { return ami(pole_2_3, 1, 1e-300, 0, 400, 100); }},
+            T{"D01AMF", "EXTRAPOLATION_ROUND_OFF",
+              [] { return ami(inv_sqrt_exp, 1, 1e-17, 0, 200, 50); }},
+            T{"D01AMF", "DIVERGENT", [] { return ami(one, 2, 0, 1e-10, 200, 50); }},
+            T{"D01AMF",
+              "INF_INVALID",
+              [] { return ami(one, 0, 0, 1e-10, 3, 0); },
+              {"0"},
+              "INF checked before LW"},
+            T{"D01AMF", "INF_INVALID", [] { return ami(one, -2, 0, 1e-10, 200, 50); }, {"-2"}},
+            T{"D01AMF", "LW_TOO_SMALL", [] { return ami(one, 1, 0, 1e-10, 3, 0); }, {"3"}},
+            T{"D01AMF", "LIW_TOO_SMALL", [] { return ami(one, -1, 0, 1e-10, 4, 0); }, {"0"}},
             T{"D01AKF",
               "LIMIT_REACHED",
               [] { return call(inv_x, 0, 1e-10, 40, 12, &d01akft_); },
@@ -228,6 +346,18 @@ TEST(Quadrature, EveryMessage)
               [] { return call(peak, 0, 1e-10, 4, -5, &d01akft_); },
               {"-5"}},
         });
+}
+
+// QAGI's bad subinterval is one of t in (0, 1]; the message quotes it in x.
+TEST(Quadrature, D01AMFQuotesTheBadIntervalInX)
+{
+    const Outcome r = d01amf(pole_2_3, 0, 1, 1e-300, 0, 400, 100);
+    ASSERT_EQ(r.raised.ifail, 3);
+    const double l = std::strtod(r.raised.values[0].c_str(), nullptr);
+    const double h = std::strtod(r.raised.values[1].c_str(), nullptr);
+    EXPECT_LE(l, 2.3);
+    EXPECT_GE(h, 2.3);
+    EXPECT_LT(h - l, 1e-12);
 }
 
 TEST(Quadrature, BadIntegrandQuotesTheLastBisectedInterval)
