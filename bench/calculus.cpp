@@ -6,6 +6,9 @@
 // difference to lbx is what the entry layers and the adapter cost) and gsl.
 // For the infinite-range battery (tests/calculus/quadrature_infinite.inc):
 // lbxinf (D01AMF) and gslinf (gsl_integration_qagiu, qagil or qagi).
+// For the battery with break points (tests/calculus/quadrature_breaks.inc):
+// lbxpts (D01ALF) and gslpts (gsl_integration_qagp, the points sorted with
+// the ends).
 // Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
 // with the 61-point rule, GSL_INTEG_GAUSS61).
 // The counter "evals" is the number of integrand evaluations per integral.
@@ -14,6 +17,7 @@
 #include <gsl/gsl_errno.h>
 #include <gsl/gsl_integration.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -72,6 +76,34 @@ const InfiniteRange infinite[] = {
 };
 #undef INFINITE
 
+struct WithBreaks {
+    const char* name;
+    double (*f)(const double*);
+    double a, b;
+    int npts;
+    double points[3];
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define BREAKS(name, expr, a, b, npts, p1, p2, p3, epsabs, epsrel, limit) \
+    {#name,                                                               \
+     [](const double* px) {                                               \
+         const double x = *px;                                            \
+         return expr;                                                     \
+     },                                                                   \
+     a,                                                                   \
+     b,                                                                   \
+     npts,                                                                \
+     {p1, p2, p3},                                                        \
+     epsabs,                                                              \
+     epsrel,                                                              \
+     limit},
+const WithBreaks breaks[] = {
+#include "../tests/calculus/quadrature_breaks.inc"
+};
+#undef BREAKS
+
 long g_calls = 0;
 const Integrand* g_current = nullptr;
 
@@ -93,6 +125,65 @@ double gsl_infinite(double x, void*)
 {
     ++g_calls;
     return g_infinite->f(&x);
+}
+
+const WithBreaks* g_breaks = nullptr;
+
+double counted_breaks(const double* x)
+{
+    ++g_calls;
+    return g_breaks->f(x);
+}
+
+double gsl_breaks(double x, void*)
+{
+    ++g_calls;
+    return g_breaks->f(&x);
+}
+
+void bench_lbxpts(benchmark::State& state, const WithBreaks* t)
+{
+    g_breaks = t;
+    const int lw = 4 * t->limit + t->npts + 2, liw = 2 * t->limit + t->npts + 2;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01alf_(counted_breaks, &t->a, &t->b, &t->npts, t->points, &t->epsabs, &t->epsrel, &result,
+                &abserr, w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = ifail;
+}
+
+void bench_gslpts(benchmark::State& state, const WithBreaks* t)
+{
+    g_breaks = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_breaks, nullptr};
+    std::vector<double> pts{t->a, t->b};
+    pts.insert(pts.end(), t->points, t->points + t->npts);
+    std::sort(pts.begin(), pts.end());
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qagp(&f, pts.data(), pts.size(), t->epsabs, t->epsrel, t->limit,
+                                      ws, &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = status;
 }
 
 void bench_lbxinf(benchmark::State& state, const InfiniteRange* t)
@@ -269,6 +360,10 @@ int register_all()
         benchmark::RegisterBenchmark((std::string("gsl/") + t.name).c_str(), bench_gsl, &t);
         benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
         benchmark::RegisterBenchmark((std::string("gsl61/") + t.name).c_str(), bench_gsl61, &t);
+    }
+    for (const WithBreaks& t : breaks) {
+        benchmark::RegisterBenchmark((std::string("lbxpts/") + t.name).c_str(), bench_lbxpts, &t);
+        benchmark::RegisterBenchmark((std::string("gslpts/") + t.name).c_str(), bench_gslpts, &t);
     }
     for (const InfiniteRange& t : infinite) {
         benchmark::RegisterBenchmark((std::string("lbxinf/") + t.name).c_str(), bench_lbxinf, &t);

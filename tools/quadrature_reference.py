@@ -12,10 +12,13 @@ with reals as exact hexadecimal floats.  Run from the repository root:
     /usr/bin/python3 tools/quadrature_reference.py > tests/data/quadrature_battery.txt
     /usr/bin/python3 tools/quadrature_reference.py --qag61 > tests/data/quadrature_qag61.txt
     /usr/bin/python3 tools/quadrature_reference.py --qagi > tests/data/quadrature_qagi.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qagp > tests/data/quadrature_qagp.txt
 
 The third, QUADPACK's QAGI (DQAGIE, SciPy's compiled Fortran, D01AMF), is for
 the integrands of tests/calculus/quadrature_infinite.inc, one line each
-(direction "given").  The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
+(direction "given"); the fourth, QUADPACK's QAGP (DQAGPE, D01ALF), for the
+integrands with break points of tests/calculus/quadrature_breaks.inc, limits
+as given and reversed.  The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
 Debian's python3-scipy (D01AJF).  SciPy does not expose QAG, so the second is
 GSL's gsl_integration_qag with the 61-point rule (GSL_INTEG_GAUSS61), called
 through ctypes from libgsl (D01AKF): GSL's QAG is checked by GSL against the
@@ -105,6 +108,31 @@ class Gsl:
         return result.value, abserr.value, calls[0], last, self.STATUS[status]
 
 
+def main_breaks(root):
+    print("# QUADPACK QAGP (DQAGPE) reference: name direction result abserr neval last ier")
+    print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_breaks.inc")
+    for line in (root / "tests/calculus/quadrature_breaks.inc").read_text().splitlines():
+        m = re.match(r"^BREAKS\((\w+), (.*)\)$", line)
+        if not m:
+            continue
+        name = m.group(1)
+        expr, *tail = m.group(2).rsplit(", ", 9)
+        a, b = (eval(t, {"__builtins__": {}}) for t in tail[:2])
+        npts = int(tail[2])
+        points = [float(eval(t, {"__builtins__": {}})) for t in tail[3:3 + npts]]
+        epsabs, epsrel, limit = float(tail[6]), float(tail[7]), int(tail[8])
+        code = compile(expr, name, "eval")
+
+        def f(x, code=code):
+            return float(eval(code, {"__builtins__": {}}, dict(NAMES, x=x)))
+
+        for direction, (lo, hi) in (("forward", (a, b)), ("reversed", (b, a))):
+            result, abserr, info, ier = _quadpack._qagpe(f, float(lo), float(hi), points + [0.0, 0.0], (), 1,
+                                                         epsabs, epsrel, limit)
+            print(f"{name} {direction} {float(result).hex()} {float(abserr).hex()} "
+                  f"{info['neval']} {info['last']} {ier}")
+
+
 def main_infinite(root):
     print("# QUADPACK QAGI (DQAGIE) reference: name direction result abserr neval last ier")
     print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_infinite.inc")
@@ -123,6 +151,8 @@ def main():
     root = Path(__file__).resolve().parent.parent
     if "--qagi" in sys.argv:
         return main_infinite(root)
+    if "--qagp" in sys.argv:
+        return main_breaks(root)
     qag = "--qag61" in sys.argv
     method = Gsl().qag61 if qag else qags
     what = "GSL qag, 61-point rule" if qag else "QUADPACK QAGS (DQAGSE)"

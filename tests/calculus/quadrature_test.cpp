@@ -72,6 +72,34 @@ const InfiniteRange infinite[] = {
 };
 #undef INFINITE
 
+struct WithBreaks {
+    const char* name;
+    double (*f)(const double*);
+    double a, b;
+    int npts;
+    double points[3];
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define BREAKS(name, expr, a, b, npts, p1, p2, p3, epsabs, epsrel, limit) \
+    {#name,                                                               \
+     [](const double* px) {                                               \
+         const double x = *px;                                            \
+         return expr;                                                     \
+     },                                                                   \
+     a,                                                                   \
+     b,                                                                   \
+     npts,                                                                \
+     {p1, p2, p3},                                                        \
+     epsabs,                                                              \
+     epsrel,                                                              \
+     limit},
+const WithBreaks breaks[] = {
+#include "tests/calculus/quadrature_breaks.inc"
+};
+#undef BREAKS
+
 // A traced caller's adapter: counts the calls in IUSER(1), then calls F.
 double counting_adapter(D01AJF_FFn fn, const double* x, int* iuser, double*)
 {
@@ -215,6 +243,59 @@ TEST(Quadrature, D01AMFEqualsPublishedQagiBitForBit)
     EXPECT_EQ(rows, static_cast<int>(std::size(infinite)));
 }
 
+Outcome d01alf(D01AJF_FFn f, double a, double b, int npts, const double* points, double epsabs,
+               double epsrel, int lw, int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01alft_(f, &counting_adapter, &a, &b, &npts, points, &epsabs, &epsrel, &r.result,
+                 &r.abserr, r.w.data(), &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail,
+                 200);
+    });
+    return r;
+}
+
+// QUADPACK's QAGP (SciPy's compiled Fortran) on the battery with break
+// points, limits as given and reversed; W and IW sized for LIMIT exactly.
+TEST(Quadrature, D01ALFEqualsPublishedQagpBitForBit)
+{
+    std::ifstream in(LBX_TEST_DATA "/quadrature_qagp.txt");
+    EXPECT_TRUE(in) << "missing reference table";
+    std::string line;
+    int rows = 0;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#')
+            continue;
+        std::istringstream s(line);
+        std::string name, direction, result, abserr;
+        int neval = 0, last = 0, ier = 0;
+        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
+        const WithBreaks* t = nullptr;
+        for (const WithBreaks& i : breaks)
+            if (name == i.name)
+                t = &i;
+        if (t == nullptr) {
+            ADD_FAILURE() << "no integrand " << name;
+            continue;
+        }
+        const bool fwd = direction == "forward";
+        const int npts2 = t->npts + 2;
+        const Outcome r = d01alf(t->f, fwd ? t->a : t->b, fwd ? t->b : t->a, t->npts, t->points,
+                                 t->epsabs, t->epsrel, 4 * t->limit + npts2, 2 * t->limit + npts2);
+        const std::string what = name + " " + direction;
+        EXPECT_EQ(r.raised.ifail, ier) << what;
+        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
+        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << what;
+        EXPECT_EQ(r.iw[0], last) << what;
+        EXPECT_EQ(r.evals, neval) << what;
+        ++rows;
+    }
+    EXPECT_EQ(rows, 2 * static_cast<int>(std::size(breaks)));
+}
+
 double sqrt_end(const double* x)
 {
     return std::sqrt(*x);
@@ -263,6 +344,25 @@ double one(const double*)
 double inv_1px(const double* x)
 {
     return 1.0 / (1.0 + *x);
+}
+
+double pole_0_31(const double* x)
+{
+    return 1.0 / std::fabs(*x - 0.31);
+}
+double log_043(const double* x)
+{
+    return std::log(std::fabs(*x - 0.43));
+}
+double inv_sq_03(const double* x)
+{
+    return 1.0 / ((*x - 0.3) * (*x - 0.3));
+}
+
+// D01ALF on [0, 1] with the one break point p (npts = 1 unless given).
+R alf(D01AJF_FFn f, double p, double epsabs, double epsrel, int lw, int liw, int npts = 1)
+{
+    return d01alf(f, 0.0, 1.0, npts, &p, epsabs, epsrel, lw, liw).raised;
 }
 
 R ami(D01AJF_FFn f, int inf, double epsabs, double epsrel, int lw, int liw)
@@ -327,6 +427,30 @@ TEST(Quadrature, EveryMessage)
             T{"D01AMF", "INF_INVALID", [] { return ami(one, -2, 0, 1e-10, 200, 50); }, {"-2"}},
             T{"D01AMF", "LW_TOO_SMALL", [] { return ami(one, 1, 0, 1e-10, 3, 0); }, {"3"}},
             T{"D01AMF", "LIW_TOO_SMALL", [] { return ami(one, -1, 0, 1e-10, 4, 0); }, {"0"}},
+            T{"D01ALF",
+              "LIMIT_REACHED",
+              [] { return alf(inv_x, 0.5, 0, 1e-10, 46, 27); },
+              {"10", "46", "27"}},
+            T{"D01ALF", "ROUND_OFF", [] { return alf(peak, 0.3, 1e-17, 0, 400, 200); }},
+            T{"D01ALF", "BAD_INTEGRAND", [] { return alf(pole_0_31, 0.7, 0, 1e-10, 803, 403); }},
+            T{"D01ALF", "EXTRAPOLATION_ROUND_OFF",
+              [] { return alf(log_043, 0.43, 1e-17, 0, 203, 103); }},
+            T{"D01ALF", "DIVERGENT", [] { return alf(inv_sq_03, 0.3, 0, 1e-10, 203, 103); }},
+            T{"D01ALF",
+              "NPTS_NEGATIVE",
+              [] { return alf(one, 0.5, 0, 1e-10, 203, 103, -1); },
+              {"-1"},
+              "NPTS checked first"},
+            T{"D01ALF",
+              "POINT_OUTSIDE",
+              [] { return alf(one, 1.5, 0, 1e-10, 2, 0); },
+              {"1", e(1.5), e(0), e(1)},
+              "points checked before LW"},
+            T{"D01ALF",
+              "LW_TOO_SMALL",
+              [] { return alf(one, 0.5, 0, 1e-10, 10, 100); },
+              {"10", "1"}},
+            T{"D01ALF", "LIW_TOO_SMALL", [] { return alf(one, 0.5, 0, 1e-10, 11, 6); }, {"6", "1"}},
             T{"D01AKF",
               "LIMIT_REACHED",
               [] { return call(inv_x, 0, 1e-10, 40, 12, &d01akft_); },
