@@ -9,6 +9,7 @@
 // For the battery with break points (tests/calculus/quadrature_breaks.inc):
 // lbxpts (D01ALF) and gslpts (gsl_integration_qagp, the points sorted with
 // the ends).
+// And lbxng (D01BDF) against gslng (gsl_integration_qng) on the first battery.
 // Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
 // with the 61-point rule, GSL_INTEG_GAUSS61).
 // The counter "evals" is the number of integrand evaluations per integral.
@@ -306,6 +307,41 @@ void bench_gsl61(benchmark::State& state, const Integrand* t)
     report(state, g_calls, runs, status);
 }
 
+void bench_lbxng(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01bdf_(counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_gslng(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    gsl_set_error_handler_off();
+    gsl_function f{gsl_f, nullptr};
+    double result = 0, abserr = 0;
+    std::size_t neval = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status =
+            gsl_integration_qng(&f, t->a, t->b, t->epsabs, t->epsrel, &result, &abserr, &neval);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, status);
+}
+
 void bench_core(benchmark::State& state, const Integrand* t)
 {
     g_current = t;
@@ -359,6 +395,8 @@ int register_all()
         benchmark::RegisterBenchmark((std::string("core/") + t.name).c_str(), bench_core, &t);
         benchmark::RegisterBenchmark((std::string("gsl/") + t.name).c_str(), bench_gsl, &t);
         benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
+        benchmark::RegisterBenchmark((std::string("lbxng/") + t.name).c_str(), bench_lbxng, &t);
+        benchmark::RegisterBenchmark((std::string("gslng/") + t.name).c_str(), bench_gslng, &t);
         benchmark::RegisterBenchmark((std::string("gsl61/") + t.name).c_str(), bench_gsl61, &t);
     }
     for (const WithBreaks& t : breaks) {

@@ -13,12 +13,15 @@ with reals as exact hexadecimal floats.  Run from the repository root:
     /usr/bin/python3 tools/quadrature_reference.py --qag61 > tests/data/quadrature_qag61.txt
     /usr/bin/python3 tools/quadrature_reference.py --qagi > tests/data/quadrature_qagi.txt
     /usr/bin/python3 tools/quadrature_reference.py --qagp > tests/data/quadrature_qagp.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qng > tests/data/quadrature_qng.txt
 
 The third, QUADPACK's QAGI (DQAGIE, SciPy's compiled Fortran, D01AMF), is for
 the integrands of tests/calculus/quadrature_infinite.inc, one line each
 (direction "given"); the fourth, QUADPACK's QAGP (DQAGPE, D01ALF), for the
 integrands with break points of tests/calculus/quadrature_breaks.inc, limits
-as given and reversed.  The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
+as given and reversed; the fifth, GSL's gsl_integration_qng (QNG; SciPy
+does not expose it) through ctypes, for D01BDF on the first battery (LIMIT
+not used).  The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
 Debian's python3-scipy (D01AJF).  SciPy does not expose QAG, so the second is
 GSL's gsl_integration_qag with the 61-point rule (GSL_INTEG_GAUSS61), called
 through ctypes from libgsl (D01AKF): GSL's QAG is checked by GSL against the
@@ -58,6 +61,29 @@ def battery(path, macro="BATTERY"):
 def qagi(f, bound, inf, epsabs, epsrel, limit):
     result, abserr, info, ier = _quadpack._qagie(f, bound, int(inf), (), 1, epsabs, epsrel, limit)
     return result, abserr, info["neval"], info["last"], ier
+
+
+def qng(gsl, f, lo, hi, epsabs, epsrel):
+    """gsl_integration_qng through ctypes: result, abserr, neval, 1, ier."""
+    calls, raised = [0], []
+
+    def g(x, _):
+        calls[0] += 1
+        try:
+            return f(x)
+        except (ArithmeticError, ValueError) as e:
+            raised.append(e)
+            return 0.0
+
+    fn = gsl.Function(gsl.FUNC(g), None)
+    result, abserr, neval = ctypes.c_double(), ctypes.c_double(), ctypes.c_size_t()
+    status = gsl.lib.gsl_integration_qng(ctypes.byref(fn), ctypes.c_double(lo), ctypes.c_double(hi),
+                                         ctypes.c_double(epsabs), ctypes.c_double(epsrel),
+                                         ctypes.byref(result), ctypes.byref(abserr),
+                                         ctypes.byref(neval))
+    if raised or status not in (0, 14):  # success, GSL_ETOL
+        return None
+    return result.value, abserr.value, neval.value, 1, 0 if status == 0 else 1
 
 
 def qags(f, lo, hi, epsabs, epsrel, limit):
@@ -156,6 +182,10 @@ def main():
     qag = "--qag61" in sys.argv
     method = Gsl().qag61 if qag else qags
     what = "GSL qag, 61-point rule" if qag else "QUADPACK QAGS (DQAGSE)"
+    if "--qng" in sys.argv:
+        gsl = Gsl()
+        method = lambda f, lo, hi, ea, er, limit: qng(gsl, f, lo, hi, ea, er)  # noqa: E731
+        what = "GSL qng (last is 1)"
     print(f"# {what} reference: name direction result abserr neval last ier")
     print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_battery.inc")
     for name, expr, a, b, epsabs, epsrel, limit in battery(root / "tests/calculus/quadrature_battery.inc"):
@@ -169,7 +199,8 @@ def main():
         for direction, (lo, hi) in (("forward", (a, b)), ("reversed", (b, a))):
             row = method(f, lo, hi, epsabs, epsrel, limit)
             if row is None:
-                print(f"{name} {direction}: left out, the integrand raised", file=sys.stderr)
+                print(f"{name} {direction}: left out (the integrand raised, or GSL refused)",
+                      file=sys.stderr)
                 continue
             result, abserr, neval, last, ier = row
             print(f"{name} {direction} {float(result).hex()} {float(abserr).hex()} "
