@@ -9,7 +9,8 @@
 // For the battery with break points (tests/calculus/quadrature_breaks.inc):
 // lbxpts (D01ALF) and gslpts (gsl_integration_qagp, the points sorted with
 // the ends).
-// And lbxng (D01BDF) against gslng (gsl_integration_qng) on the first battery.
+// And lbxvec (D01ATF, the integrand looping over the 21 points) against gsl;
+// and lbxng (D01BDF) against gslng (gsl_integration_qng) on the first battery.
 // Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
 // with the 61-point rule, GSL_INTEG_GAUSS61).
 // The counter "evals" is the number of integrand evaluations per integral.
@@ -307,6 +308,33 @@ void bench_gsl61(benchmark::State& state, const Integrand* t)
     report(state, g_calls, runs, status);
 }
 
+void vector_counted(const double* x, double* fv, const int* n)
+{
+    g_calls += *n;
+    for (int i = 0; i < *n; ++i)
+        fv[i] = g_current->f(&x[i]);
+}
+
+void bench_lbxvec(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01atf_(vector_counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, w.data(),
+                &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
 void bench_lbxng(benchmark::State& state, const Integrand* t)
 {
     g_current = t;
@@ -396,6 +424,7 @@ int register_all()
         benchmark::RegisterBenchmark((std::string("gsl/") + t.name).c_str(), bench_gsl, &t);
         benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
         benchmark::RegisterBenchmark((std::string("lbxng/") + t.name).c_str(), bench_lbxng, &t);
+        benchmark::RegisterBenchmark((std::string("lbxvec/") + t.name).c_str(), bench_lbxvec, &t);
         benchmark::RegisterBenchmark((std::string("gslng/") + t.name).c_str(), bench_gslng, &t);
         benchmark::RegisterBenchmark((std::string("gsl61/") + t.name).c_str(), bench_gsl61, &t);
     }

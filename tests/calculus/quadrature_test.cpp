@@ -348,6 +348,67 @@ TEST(Quadrature, D01BDFEqualsQng)
     EXPECT_EQ(rows, 108);
 }
 
+// D01ATF's vectorised integrand: the scalar one at each point; its
+// adapter counts the points in IUSER(1).
+double (*g_scalar)(const double*) = nullptr;
+void vector_f(const double* x, double* fv, const int* n)
+{
+    for (int i = 0; i < *n; ++i)
+        fv[i] = g_scalar(&x[i]);
+}
+void counting_vector_adapter(lbx::calculus::D01ATF_FFn fn, const double* x, double* fv,
+                             const int* n, int* iuser, double*)
+{
+    EXPECT_EQ(*n, 21);
+    iuser[0] += *n;
+    fn(x, fv, n);
+}
+
+Outcome d01atf(D01AJF_FFn f, double a, double b, double epsabs, double epsrel, int lw, int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    g_scalar = f;
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01atft_(&vector_f, &counting_vector_adapter, &a, &b, &epsabs, &epsrel, &r.result,
+                 &r.abserr, r.w.data(), &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail,
+                 200);
+    });
+    return r;
+}
+
+// D01ATF is QAGS with the 21 values of a rule asked for at once: the
+// published QAGS's output on the first battery, bit for bit.
+TEST(Quadrature, D01ATFEqualsPublishedQagsBitForBit)
+{
+    std::ifstream in(LBX_TEST_DATA "/quadrature_battery.txt");
+    EXPECT_TRUE(in) << "missing reference table";
+    std::string line;
+    int rows = 0;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#')
+            continue;
+        std::istringstream s(line);
+        std::string name, direction, result, abserr;
+        int neval = 0, last = 0, ier = 0;
+        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
+        const Integrand& t = find(name);
+        const bool fwd = direction == "forward";
+        const Outcome r =
+            d01atf(t.f, fwd ? t.a : t.b, fwd ? t.b : t.a, t.epsabs, t.epsrel, 4 * t.limit, t.limit);
+        const std::string what = name + " " + direction;
+        EXPECT_EQ(r.raised.ifail, ier) << what;
+        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
+        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << what;
+        EXPECT_EQ(r.iw[0], last) << what;
+        EXPECT_EQ(r.evals, neval) << what;
+        ++rows;
+    }
+    EXPECT_EQ(rows, 2 * static_cast<int>(std::size(battery)));
+}
+
 double sqrt_end(const double* x)
 {
     return std::sqrt(*x);
@@ -508,6 +569,24 @@ TEST(Quadrature, EveryMessage)
               [] { return d01bdf(inv_x, 0, 1, -1e-10, 1e-3).raised; },
               {e(-1e-10), e(1e-3)}},
             T{"D01BDF", "", [] { return d01bdf(sqrt_end, 1, 0, 0, -1e-3).raised; }},
+            T{"D01ATF",
+              "LIMIT_REACHED",
+              [] { return d01atf(inv_x, 0, 1, 0, 1e-10, 200, 50).raised; },
+              {"50", "200", "50"}},
+            T{"D01ATF", "ROUND_OFF", [] { return d01atf(peak, 0, 1, 1e-17, 0, 200, 50).raised; }},
+            T{"D01ATF", "BAD_INTEGRAND",
+              [] { return d01atf(bad_point, 0, 1, 0, 1e-10, 800, 200).raised; }},
+            T{"D01ATF", "EXTRAPOLATION_ROUND_OFF",
+              [] { return d01atf(roundoff, 0, 1, 1e-17, 0, 200, 50).raised; }},
+            T{"D01ATF", "DIVERGENT", [] { return d01atf(inv_sq, 0, 1, 0, 1e-10, 200, 50).raised; }},
+            T{"D01ATF",
+              "LW_TOO_SMALL",
+              [] { return d01atf(one, 0, 1, 0, 1e-10, 2, 0).raised; },
+              {"2"}},
+            T{"D01ATF",
+              "LIW_TOO_SMALL",
+              [] { return d01atf(one, 0, 1, 0, 1e-10, 7, 0).raised; },
+              {"0"}},
             T{"D01AKF",
               "LIMIT_REACHED",
               [] { return call(inv_x, 0, 1e-10, 40, 12, &d01akft_); },
