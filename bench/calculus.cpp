@@ -9,7 +9,8 @@
 // For the battery with break points (tests/calculus/quadrature_breaks.inc):
 // lbxpts (D01ALF) and gslpts (gsl_integration_qagp, the points sorted with
 // the ends).
-// And lbxvec (D01ATF, the integrand looping over the 21 points) against gsl;
+// And lbxrel (D01AHF, NLIMIT = 42 LIMIT - 21, the rows with EPSABS = 0)
+// against gsl; lbxvec (D01ATF, the integrand looping over the 21 points) against gsl;
 // and lbxng (D01BDF) against gslng (gsl_integration_qng) on the first battery.
 // Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
 // with the 61-point rule, GSL_INTEG_GAUSS61).
@@ -335,6 +336,23 @@ void bench_lbxvec(benchmark::State& state, const Integrand* t)
     report(state, g_calls, runs, ifail);
 }
 
+void bench_lbxrel(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int nlimit = 42 * t->limit - 21;
+    double value = 0, relerr = 0;
+    int npts = 0, ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        value = d01ahf_(counted, &t->a, &t->b, &t->epsrel, &npts, &relerr, &nlimit, &ifail);
+        benchmark::DoNotOptimize(value);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
 void bench_lbxng(benchmark::State& state, const Integrand* t)
 {
     g_current = t;
@@ -425,6 +443,9 @@ int register_all()
         benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
         benchmark::RegisterBenchmark((std::string("lbxng/") + t.name).c_str(), bench_lbxng, &t);
         benchmark::RegisterBenchmark((std::string("lbxvec/") + t.name).c_str(), bench_lbxvec, &t);
+        if (t.epsabs == 0.0)
+            benchmark::RegisterBenchmark((std::string("lbxrel/") + t.name).c_str(), bench_lbxrel,
+                                         &t);
         benchmark::RegisterBenchmark((std::string("gslng/") + t.name).c_str(), bench_gslng, &t);
         benchmark::RegisterBenchmark((std::string("gsl61/") + t.name).c_str(), bench_gsl61, &t);
     }

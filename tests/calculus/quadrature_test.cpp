@@ -409,6 +409,62 @@ TEST(Quadrature, D01ATFEqualsPublishedQagsBitForBit)
     EXPECT_EQ(rows, 2 * static_cast<int>(std::size(battery)));
 }
 
+struct Relative {
+    R raised;
+    double value = 0, relerr = 0;
+    int npts = 0, evals = 0;
+};
+
+Relative d01ahf(D01AJF_FFn f, double a, double b, double epsr, int nlimit)
+{
+    Relative r;
+    int iuser[1] = {0};
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        r.value = d01ahft_(f, &counting_adapter, &a, &b, &epsr, &r.npts, &r.relerr, &nlimit, iuser,
+                           ruser, errbuf, ifail, 200);
+    });
+    r.evals = iuser[0];
+    return r;
+}
+
+// D01AHF is QAGS with EPSABS = 0 and LIMIT = (NLIMIT + 21)/42: the rows of
+// the first battery with EPSABS = 0, with NLIMIT = 42 LIMIT - 21, give the
+// published RESULT and evaluations, ABSERR/abs(RESULT) and the indicators
+// mapped (1; 2, 3, 4; 5 to 1; 2; 3).
+TEST(Quadrature, D01AHFEqualsPublishedQagsWithRelativeTolerance)
+{
+    std::ifstream in(LBX_TEST_DATA "/quadrature_battery.txt");
+    EXPECT_TRUE(in) << "missing reference table";
+    std::string line;
+    int rows = 0;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#')
+            continue;
+        std::istringstream s(line);
+        std::string name, direction, result, abserr;
+        int neval = 0, last = 0, ier = 0;
+        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
+        const Integrand& t = find(name);
+        if (t.epsabs != 0.0)
+            continue;
+        const bool fwd = direction == "forward";
+        const Relative r =
+            d01ahf(t.f, fwd ? t.a : t.b, fwd ? t.b : t.a, t.epsrel, 42 * t.limit - 21);
+        const std::string what = name + " " + direction;
+        const double want = std::strtod(result.c_str(), nullptr);
+        const double err = std::strtod(abserr.c_str(), nullptr);
+        const int ifail[] = {0, 1, 2, 2, 2, 3};
+        EXPECT_EQ(r.raised.ifail, ifail[ier]) << what;
+        EXPECT_EQ(r.value, want) << what;
+        EXPECT_EQ(r.relerr, want != 0.0 ? err / std::fabs(want) : err) << what;
+        EXPECT_EQ(r.npts, neval) << what;
+        EXPECT_EQ(r.evals, neval) << what;
+        ++rows;
+    }
+    EXPECT_GT(rows, 80);
+}
+
 double sqrt_end(const double* x)
 {
     return std::sqrt(*x);
@@ -587,6 +643,35 @@ TEST(Quadrature, EveryMessage)
               "LIW_TOO_SMALL",
               [] { return d01atf(one, 0, 1, 0, 1e-10, 7, 0).raised; },
               {"0"}},
+            T{"D01AHF",
+              "NLIMIT_REACHED",
+              [] { return d01ahf(inv_x, 0, 1, 1e-10, 0).raised; },
+              {"10000"},
+              "NLIMIT <= 0 means 10000"},
+            T{"D01AHF",
+              "NOT_CONVERGED",
+              [] { return d01ahf(bad_point, 0, 1, 1e-10, 8379).raised; },
+              {e(1e-10)}},
+            T{"D01AHF",
+              "NOT_CONVERGED",
+              [] { return d01ahf(inv_sqrt_exp, 0, 1, 1e-16, 0).raised; },
+              {e(1e-16)},
+              "round-off"},
+            T{"D01AHF", "DIVERGENT", [] { return d01ahf(inv_sq, 0, 1, 1e-10, 2079).raised; }},
+            T{"D01AHF",
+              "EPSR_NOT_POSITIVE",
+              [] { return d01ahf(one, 0, 1, -1e-6, 0).raised; },
+              {e(-1e-6)}},
+            T{"D01AHF",
+              "NLIMIT_TOO_SMALL",
+              [] { return d01ahf(one, 0, 1, 1e-6, 20).raised; },
+              {"20"}},
+            T{"D01AHF", "", [] { return d01ahf(one, 0, 1, 1e-6, 63).raised; }},
+            T{"D01AHF",
+              "NLIMIT_REACHED",
+              [] { return d01ahf(one, 0, 1, 1e-6, 62).raised; },
+              {"62"},
+              "one rule application: QAGS with LIMIT = 1 always ends here"},
             T{"D01AKF",
               "LIMIT_REACHED",
               [] { return call(inv_x, 0, 1e-10, 40, 12, &d01akft_); },
