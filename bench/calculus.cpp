@@ -12,6 +12,8 @@
 // And lbxrel (D01AHF, NLIMIT = 42 LIMIT - 21, the rows with EPSABS = 0)
 // against gsl; lbxvec (D01ATF, the integrand looping over the 21 points) against gsl;
 // and lbxng (D01BDF) against gslng (gsl_integration_qng) on the first battery.
+// For the principal values (tests/calculus/quadrature_cauchy.inc): lbxpv
+// (D01AQF) against gslpv (gsl_integration_qawc).
 // Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
 // with the 61-point rule, GSL_INTEG_GAUSS61).
 // The counter "evals" is the number of integrand evaluations per integral.
@@ -107,6 +109,30 @@ const WithBreaks breaks[] = {
 };
 #undef BREAKS
 
+struct PrincipalValue {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, c, epsabs, epsrel;
+    int limit;
+};
+
+#define CAUCHY(name, expr, a, b, c, epsabs, epsrel, limit) \
+    {#name,                                                \
+     [](const double* px) {                                \
+         const double x = *px;                             \
+         return expr;                                      \
+     },                                                    \
+     a,                                                    \
+     b,                                                    \
+     c,                                                    \
+     epsabs,                                               \
+     epsrel,                                               \
+     limit},
+const PrincipalValue cauchy[] = {
+#include "../tests/calculus/quadrature_cauchy.inc"
+};
+#undef CAUCHY
+
 long g_calls = 0;
 const Integrand* g_current = nullptr;
 
@@ -181,6 +207,62 @@ void bench_gslpts(benchmark::State& state, const WithBreaks* t)
     for (auto _ : state) {
         status = gsl_integration_qagp(&f, pts.data(), pts.size(), t->epsabs, t->epsrel, t->limit,
                                       ws, &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = status;
+}
+
+const PrincipalValue* g_cauchy = nullptr;
+
+double counted_cauchy(const double* x)
+{
+    ++g_calls;
+    return g_cauchy->f(x);
+}
+
+double gsl_cauchy(double x, void*)
+{
+    ++g_calls;
+    return g_cauchy->f(&x);
+}
+
+void bench_lbxpv(benchmark::State& state, const PrincipalValue* t)
+{
+    g_cauchy = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01aqf_(counted_cauchy, &t->a, &t->b, &t->c, &t->epsabs, &t->epsrel, &result, &abserr,
+                w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = ifail;
+}
+
+void bench_gslpv(benchmark::State& state, const PrincipalValue* t)
+{
+    g_cauchy = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_cauchy, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qawc(&f, t->a, t->b, t->c, t->epsabs, t->epsrel, t->limit, ws,
+                                      &result, &abserr);
         benchmark::DoNotOptimize(result);
         ++runs;
     }
@@ -452,6 +534,10 @@ int register_all()
     for (const WithBreaks& t : breaks) {
         benchmark::RegisterBenchmark((std::string("lbxpts/") + t.name).c_str(), bench_lbxpts, &t);
         benchmark::RegisterBenchmark((std::string("gslpts/") + t.name).c_str(), bench_gslpts, &t);
+    }
+    for (const PrincipalValue& t : cauchy) {
+        benchmark::RegisterBenchmark((std::string("lbxpv/") + t.name).c_str(), bench_lbxpv, &t);
+        benchmark::RegisterBenchmark((std::string("gslpv/") + t.name).c_str(), bench_gslpv, &t);
     }
     for (const InfiniteRange& t : infinite) {
         benchmark::RegisterBenchmark((std::string("lbxinf/") + t.name).c_str(), bench_lbxinf, &t);

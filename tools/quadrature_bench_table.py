@@ -11,7 +11,7 @@ per integral here and with GSL, the time ratio (time per integral here / with
 GSL, the least CPU time over the repetitions) and what the entry layers and the
 adapter add per integrand call (time here less the core's, over the
 evaluations), and the geometric mean of the ratios; then the same for D01AKF
-against GSL's qag with the 61-point rule, D01AHF and D01ATF against GSL's qags, D01BDF against GSL's qng, D01ALF against GSL's qagp, and
+against GSL's qag with the 61-point rule, D01AHF and D01ATF against GSL's qags, D01BDF against GSL's qng, D01ALF against GSL's qagp, D01AQF against GSL's qawc, and
 D01AMF against GSL's qagiu, qagil and qagi.
 """
 import json
@@ -53,6 +53,7 @@ def pair_tables(by):
     pair_table(by, "lbxvec", "gsl", "D01ATF (vectorised integrand) against gsl_integration_qags")
     pair_table(by, "lbxng", "gslng", "D01BDF against gsl_integration_qng")
     pair_table(by, "lbxpts", "gslpts", "D01ALF against gsl_integration_qagp (battery with break points)")
+    pair_table(by, "lbxpv", "gslpv", "D01AQF against gsl_integration_qawc")
     pair_table(by, "lbxinf", "gslinf",
                "D01AMF against gsl_integration_qagiu, qagil or qagi (INF = 1, -1, 2)")
 

@@ -14,6 +14,7 @@ with reals as exact hexadecimal floats.  Run from the repository root:
     /usr/bin/python3 tools/quadrature_reference.py --qagi > tests/data/quadrature_qagi.txt
     /usr/bin/python3 tools/quadrature_reference.py --qagp > tests/data/quadrature_qagp.txt
     /usr/bin/python3 tools/quadrature_reference.py --qng > tests/data/quadrature_qng.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qawc > tests/data/quadrature_qawc.txt
 
 The third, QUADPACK's QAGI (DQAGIE, SciPy's compiled Fortran, D01AMF), is for
 the integrands of tests/calculus/quadrature_infinite.inc, one line each
@@ -21,7 +22,9 @@ the integrands of tests/calculus/quadrature_infinite.inc, one line each
 integrands with break points of tests/calculus/quadrature_breaks.inc, limits
 as given and reversed; the fifth, GSL's gsl_integration_qng (QNG; SciPy
 does not expose it) through ctypes, for D01BDF on the first battery (LIMIT
-not used).  The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
+not used); the sixth, QUADPACK's QAWC (DQAWCE, SciPy, D01AQF), for the
+principal values of tests/calculus/quadrature_cauchy.inc, both directions.
+The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
 Debian's python3-scipy (D01AJF).  SciPy does not expose QAG, so the second is
 GSL's gsl_integration_qag with the 61-point rule (GSL_INTEG_GAUSS61), called
 through ctypes from libgsl (D01AKF): GSL's QAG is checked by GSL against the
@@ -159,6 +162,28 @@ def main_breaks(root):
                   f"{info['neval']} {info['last']} {ier}")
 
 
+def main_cauchy(root):
+    print("# QUADPACK QAWC (DQAWCE) reference: name direction result abserr neval last ier")
+    print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_cauchy.inc")
+    for line in (root / "tests/calculus/quadrature_cauchy.inc").read_text().splitlines():
+        m = re.match(r"^CAUCHY\((\w+), (.*)\)$", line)
+        if not m:
+            continue
+        name = m.group(1)
+        expr, *tail = m.group(2).rsplit(", ", 6)
+        a, b, c, epsabs, epsrel = (float(t) for t in tail[:5])
+        limit = int(tail[5])
+        code = compile(expr, name, "eval")
+
+        def f(x, code=code):
+            return float(eval(code, {"__builtins__": {}}, dict(NAMES, x=x)))
+
+        for direction, (lo, hi) in (("forward", (a, b)), ("reversed", (b, a))):
+            result, abserr, info, ier = _quadpack._qawce(f, lo, hi, c, (), 1, epsabs, epsrel, limit)
+            print(f"{name} {direction} {float(result).hex()} {float(abserr).hex()} "
+                  f"{info['neval']} {info['last']} {ier}")
+
+
 def main_infinite(root):
     print("# QUADPACK QAGI (DQAGIE) reference: name direction result abserr neval last ier")
     print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_infinite.inc")
@@ -179,6 +204,8 @@ def main():
         return main_infinite(root)
     if "--qagp" in sys.argv:
         return main_breaks(root)
+    if "--qawc" in sys.argv:
+        return main_cauchy(root)
     qag = "--qag61" in sys.argv
     method = Gsl().qag61 if qag else qags
     what = "GSL qag, 61-point rule" if qag else "QUADPACK QAGS (DQAGSE)"

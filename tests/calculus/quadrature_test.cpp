@@ -100,6 +100,30 @@ const WithBreaks breaks[] = {
 };
 #undef BREAKS
 
+struct PrincipalValue {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, c, epsabs, epsrel;
+    int limit;
+};
+
+#define CAUCHY(name, expr, a, b, c, epsabs, epsrel, limit) \
+    {#name,                                                \
+     [](const double* px) {                                \
+         const double x = *px;                             \
+         return expr;                                      \
+     },                                                    \
+     a,                                                    \
+     b,                                                    \
+     c,                                                    \
+     epsabs,                                               \
+     epsrel,                                               \
+     limit},
+const PrincipalValue cauchy[] = {
+#include "tests/calculus/quadrature_cauchy.inc"
+};
+#undef CAUCHY
+
 // A traced caller's adapter: counts the calls in IUSER(1), then calls F.
 double counting_adapter(D01AJF_FFn fn, const double* x, int* iuser, double*)
 {
@@ -465,6 +489,57 @@ TEST(Quadrature, D01AHFEqualsPublishedQagsWithRelativeTolerance)
     EXPECT_GT(rows, 80);
 }
 
+Outcome d01aqf(D01AJF_FFn f, double a, double b, double c, double epsabs, double epsrel, int lw,
+               int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01aqft_(f, &counting_adapter, &a, &b, &c, &epsabs, &epsrel, &r.result, &r.abserr,
+                 r.w.data(), &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail, 200);
+    });
+    return r;
+}
+
+// QUADPACK's QAWC (SciPy's compiled Fortran) on the principal-value
+// battery, limits as given and reversed.
+TEST(Quadrature, D01AQFEqualsPublishedQawcBitForBit)
+{
+    std::ifstream in(LBX_TEST_DATA "/quadrature_qawc.txt");
+    EXPECT_TRUE(in) << "missing reference table";
+    std::string line;
+    int rows = 0;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#')
+            continue;
+        std::istringstream s(line);
+        std::string name, direction, result, abserr;
+        int neval = 0, last = 0, ier = 0;
+        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
+        const PrincipalValue* t = nullptr;
+        for (const PrincipalValue& i : cauchy)
+            if (name == i.name)
+                t = &i;
+        if (t == nullptr) {
+            ADD_FAILURE() << "no integrand " << name;
+            continue;
+        }
+        const bool fwd = direction == "forward";
+        const Outcome r = d01aqf(t->f, fwd ? t->a : t->b, fwd ? t->b : t->a, t->c, t->epsabs,
+                                 t->epsrel, 4 * t->limit, t->limit);
+        const std::string what = name + " " + direction;
+        EXPECT_EQ(r.raised.ifail, ier) << what;
+        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
+        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << what;
+        EXPECT_EQ(r.iw[0], last) << what;
+        EXPECT_EQ(r.evals, neval) << what;
+        ++rows;
+    }
+    EXPECT_EQ(rows, 2 * static_cast<int>(std::size(cauchy)));
+}
+
 double sqrt_end(const double* x)
 {
     return std::sqrt(*x);
@@ -532,6 +607,21 @@ double inv_sq_03(const double* x)
 R alf(D01AJF_FFn f, double p, double epsabs, double epsrel, int lw, int liw, int npts = 1)
 {
     return d01alf(f, 0.0, 1.0, npts, &p, epsabs, epsrel, lw, liw).raised;
+}
+
+double sin_50(const double* x)
+{
+    return std::sin(50.0 * *x);
+}
+double sqrt_031(const double* x)
+{
+    return std::sqrt(std::fabs(*x - 0.31));
+}
+
+// D01AQF on [0, b] about c.
+R aqf(D01AJF_FFn f, double b, double c, double epsabs, double epsrel, int lw, int liw)
+{
+    return d01aqf(f, 0.0, b, c, epsabs, epsrel, lw, liw).raised;
 }
 
 R ami(D01AJF_FFn f, int inf, double epsabs, double epsrel, int lw, int liw)
@@ -672,6 +762,23 @@ TEST(Quadrature, EveryMessage)
               [] { return d01ahf(one, 0, 1, 1e-6, 62).raised; },
               {"62"},
               "one rule application: QAGS with LIMIT = 1 always ends here"},
+            T{"D01AQF",
+              "LIMIT_REACHED",
+              [] { return aqf(sin_50, 3, 1, 0, 1e-12, 16, 4); },
+              {"4", "16", "4"}},
+            T{"D01AQF", "ROUND_OFF", [] { return aqf(sqrt_031, 1, 0.7, 1e-300, 0, 1600, 400); }},
+            T{"D01AQF", "BAD_INTEGRAND", [] { return aqf(pole_0_31, 1, 0.7, 0, 1e-12, 400, 100); }},
+            T{"D01AQF",
+              "C_AT_END",
+              [] { return aqf(one, 1, 0, 0, 1e-10, 3, 0); },
+              {e(0), e(1), e(0)},
+              "C checked before LW"},
+            T{"D01AQF",
+              "C_AT_END",
+              [] { return aqf(one, 1, 1, 0, 1e-10, 200, 50); },
+              {e(0), e(1), e(1)}},
+            T{"D01AQF", "LW_TOO_SMALL", [] { return aqf(one, 1, 0.5, 0, 1e-10, 3, 0); }, {"3"}},
+            T{"D01AQF", "LIW_TOO_SMALL", [] { return aqf(one, 1, 0.5, 0, 1e-10, 4, 0); }, {"0"}},
             T{"D01AKF",
               "LIMIT_REACHED",
               [] { return call(inv_x, 0, 1e-10, 40, 12, &d01akft_); },
