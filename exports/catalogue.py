@@ -40,6 +40,10 @@ and the chapter's shared messages and standard prototypes.  The grammar, in full
     result = "real"                     # omit for a subroutine
     args = ["real XX in", "integer IUSER(*) inout", "real RUSER(*) inout"]
     adapter = "C05AYF_FH"               # default NAME_<F>H
+    through = ["integer IUSER(*) inout"]  # arguments the adapter and the callable take
+                                        # after the user's own and the user routine does
+                                        # not (the plain entry's adapter drops them;
+                                        # a traced caller's adapter may pass them on)
 
     [[routine.message]]                 # one per (error number, message code) pair
     id = "M2_LT_1"                      # C++ identifier of the message (NAME_msg::M2_LT_1)
@@ -131,6 +135,7 @@ class Procedure:
     result: str | None
     args: list[Arg]
     adapter: str
+    through: list[Arg] = field(default_factory=list)
 
 
 @dataclass
@@ -285,17 +290,18 @@ def _check_result(name: str, result) -> None:
 
 
 def _parse_procedure(rname: str, pname: str, table: dict) -> Procedure:
-    _check_keys(rname, table, {"result", "args", "adapter"}, f"procedure {pname}: ")
+    _check_keys(rname, table, {"result", "args", "adapter", "through"}, f"procedure {pname}: ")
     result = table.get("result")
     if result is not None and result not in SCALAR_TYPES:
         raise _fail(rname, f"procedure {pname}: result must be one of {SCALAR_TYPES}")
     args = [parse_arg(a, rname) for a in table.get("args", [])]
-    for a in args:
+    through = [parse_arg(a, rname) for a in table.get("through", [])]
+    for a in args + through:
         if a.type in ("procedure", "ifail") or (a.is_char and a.is_array):
             kind = "character array" if a.is_char else f"type {a.type}"
             raise _fail(rname, f"procedure {pname}: argument {a.name} of {kind} not supported")
     adapter = table.get("adapter", f"{rname}_{pname}H")
-    return Procedure(name=pname, result=result, args=args, adapter=adapter)
+    return Procedure(name=pname, result=result, args=args, adapter=adapter, through=through)
 
 
 def _parse_message(name: str, m: dict, shared: dict[str, list[str]]) -> Message:

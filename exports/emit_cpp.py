@@ -73,7 +73,7 @@ def proc_decls(pm: ProcModel, conv) -> str:
     res = RESULT[pm.result]
     copies = "".join(
         f"        {BASE[a.type]} {a.lname}_copy = {a.lname}{' ? 1 : 0' if a.type == 'logical' else ''};\n"
-        for a in pm.proc.args if not a.is_array and not a.is_char and a.intent == "in")
+        for a in pm.proc.args + pm.proc.through if not a.is_array and not a.is_char and a.intent == "in")
     call = f"adapter({', '.join(pm.adapter_call)})"
     if pm.result == "logical":
         body = f"return ({call} & 1) != 0;"

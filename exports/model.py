@@ -137,9 +137,12 @@ def routine_slots(r: Routine, layer: str) -> list[Slot]:
     return out
 
 
-def procedure_slots(p: Procedure, with_fn: bool) -> list[Slot]:
+def procedure_slots(p: Procedure, with_fn: bool, through: bool = False) -> list[Slot]:
+    """The user routine's slots; with_fn: the adapter's (fn first, then the
+    pass-through arguments); through alone: what the callable hands the adapter."""
     out = [Slot("fn", None, "fnptr")] if with_fn else []
-    return out + [Slot(a.lname, a, "value") for a in p.args]
+    extra = p.through if (with_fn or through) else []
+    return out + [Slot(a.lname, a, "value") for a in p.args + extra]
 
 
 def slot_type(s: Slot, typename) -> Type:
@@ -224,7 +227,7 @@ def proc_model(r: Routine, p: Procedure, conv: Convention, typename) -> ProcMode
     t = typename(p)
     slots = procedure_slots(p, False)
     call = []
-    for kind, s in conv.order(slots):
+    for kind, s in conv.order(procedure_slots(p, False, through=True)):
         a = s.arg
         if kind == "len":
             call.append("1" if a.is_option else f"{a.lname}.size()")
@@ -237,7 +240,7 @@ def proc_model(r: Routine, p: Procedure, conv: Convention, typename) -> ProcMode
     return ProcModel(routine=r.name, proc=p, typename=t, result=p.result,
                      fn_params=machine_params(conv.order, slots, typename),
                      adapter_params=machine_params(conv.order, procedure_slots(p, True), typename, p),
-                     callable_params=[(a, a.lname) for a in p.args],
+                     callable_params=[(a, a.lname) for a in p.args + p.through],
                      adapter_call=["fn"] + call)
 
 

@@ -28,6 +28,8 @@ int z99agf_();
 int z99agfn_();
 int Z99AGFN();
 void z99ahf_(lbx::shapes::Z99AHF_FFn f, const double* x, double* fx, int* ifail);
+void z99ahft_(lbx::shapes::Z99AHF_FFn f, lbx::shapes::Z99AHF_FAdapter fh, const double* x,
+              double* fx, int* iuser, double* ruser, char* errbuf, int* ifail, std::size_t);
 int z99aif_(const char* key, lbx::shapes::Z99AIF_SAYFn say, int* ifail, std::size_t key_len);
 void z99ajf_(char* names, const char* codes, const int* n, std::size_t names_len,
              std::size_t codes_len);
@@ -93,7 +95,7 @@ int Z99AGFN()
 
 void Z99AHFN(const Z99AHF_FProc& f, double x, double& fx, int* iuser, double* ruser, lbx::Fail&)
 {
-    fx = f(x) + iuser[0] + ruser[0];
+    fx = f(x, iuser, ruser) + iuser[0] + ruser[0];
 }
 
 bool Z99AIFN(std::string_view key, const Z99AIF_SAYProc& say, lbx::Fail&)
@@ -246,6 +248,23 @@ TEST(Shapes, PlainEntryPassesDummyUserArrays)
     int ifail = 0;
     z99ahf_(&cube, &x, &fx, &ifail);
     EXPECT_EQ(fx, 8.0);
+}
+
+// A traced caller's adapter of its own receives the pass-through arrays.
+double count_in_iuser(Z99AHF_FFn fn, const double* x, int* iuser, double* ruser)
+{
+    ++iuser[0];
+    return fn(x) * ruser[0];
+}
+
+TEST(Shapes, TracedCallersAdapterReceivesPassThroughArrays)
+{
+    double x = 2, fx = 0, ruser[1] = {0.5};
+    int iuser[1] = {10}, ifail = 0;
+    char errbuf[200];
+    z99ahft_(&cube, &count_in_iuser, &x, &fx, iuser, ruser, errbuf, &ifail, 200);
+    EXPECT_EQ(iuser[0], 11);
+    EXPECT_EQ(fx, 4.0 + 11 + 0.5);
 }
 
 TEST(Shapes, LogicalResultDeclaredLengthAndCharacterCallback)

@@ -1,0 +1,551 @@
+// Adaptive quadrature: D01AJF against GSL's gsl_integration_qags on the test
+// battery of tests/calculus/quadrature_battery.inc, each integral with its own
+// tolerances and LIMIT (GSL: a workspace of LIMIT intervals). Three rows per
+// integrand: lbx (the plain entry D01AJF, the user function called through
+// the adapter), core (the QAGS core with the function called directly: the
+// difference to lbx is what the entry layers and the adapter cost) and gsl.
+// For the infinite-range battery (tests/calculus/quadrature_infinite.inc):
+// lbxinf (D01AMF) and gslinf (gsl_integration_qagiu, qagil or qagi).
+// For the battery with break points (tests/calculus/quadrature_breaks.inc):
+// lbxpts (D01ALF) and gslpts (gsl_integration_qagp, the points sorted with
+// the ends).
+// And lbxrel (D01AHF, NLIMIT = 42 LIMIT - 21, the rows with EPSABS = 0)
+// against gsl; lbxvec (D01ATF, the integrand looping over the 21 points) against gsl;
+// and lbxng (D01BDF) against gslng (gsl_integration_qng) on the first battery.
+// For the principal values (tests/calculus/quadrature_cauchy.inc): lbxpv
+// (D01AQF) against gslpv (gsl_integration_qawc).
+// Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
+// with the 61-point rule, GSL_INTEG_GAUSS61).
+// The counter "evals" is the number of integrand evaluations per integral.
+// tools/quadrature_bench_table.py turns the JSON output into the table.
+#include <benchmark/benchmark.h>
+#include <gsl/gsl_errno.h>
+#include <gsl/gsl_integration.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "calculus/qags.hpp"
+#include "lbx3207qk.h"
+
+namespace {
+
+using std::atan, std::cos, std::exp, std::fabs, std::floor, std::log, std::pow, std::sin, std::sqrt;
+
+struct Integrand {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, epsabs, epsrel;
+    int limit;
+};
+
+#define BATTERY(name, expr, a, b, epsabs, epsrel, limit) \
+    {#name,                                              \
+     [](const double* px) {                              \
+         const double x = *px;                           \
+         return expr;                                    \
+     },                                                  \
+     a,                                                  \
+     b,                                                  \
+     epsabs,                                             \
+     epsrel,                                             \
+     limit},
+const Integrand battery[] = {
+#include "../tests/calculus/quadrature_battery.inc"
+};
+#undef BATTERY
+
+struct InfiniteRange {
+    const char* name;
+    double (*f)(const double*);
+    double bound;
+    int inf;
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define INFINITE(name, expr, bound, inf, epsabs, epsrel, limit) \
+    {#name,                                                     \
+     [](const double* px) {                                     \
+         const double x = *px;                                  \
+         return expr;                                           \
+     },                                                         \
+     bound,                                                     \
+     inf,                                                       \
+     epsabs,                                                    \
+     epsrel,                                                    \
+     limit},
+const InfiniteRange infinite[] = {
+#include "../tests/calculus/quadrature_infinite.inc"
+};
+#undef INFINITE
+
+struct WithBreaks {
+    const char* name;
+    double (*f)(const double*);
+    double a, b;
+    int npts;
+    double points[3];
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define BREAKS(name, expr, a, b, npts, p1, p2, p3, epsabs, epsrel, limit) \
+    {#name,                                                               \
+     [](const double* px) {                                               \
+         const double x = *px;                                            \
+         return expr;                                                     \
+     },                                                                   \
+     a,                                                                   \
+     b,                                                                   \
+     npts,                                                                \
+     {p1, p2, p3},                                                        \
+     epsabs,                                                              \
+     epsrel,                                                              \
+     limit},
+const WithBreaks breaks[] = {
+#include "../tests/calculus/quadrature_breaks.inc"
+};
+#undef BREAKS
+
+struct PrincipalValue {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, c, epsabs, epsrel;
+    int limit;
+};
+
+#define CAUCHY(name, expr, a, b, c, epsabs, epsrel, limit) \
+    {#name,                                                \
+     [](const double* px) {                                \
+         const double x = *px;                             \
+         return expr;                                      \
+     },                                                    \
+     a,                                                    \
+     b,                                                    \
+     c,                                                    \
+     epsabs,                                               \
+     epsrel,                                               \
+     limit},
+const PrincipalValue cauchy[] = {
+#include "../tests/calculus/quadrature_cauchy.inc"
+};
+#undef CAUCHY
+
+long g_calls = 0;
+const Integrand* g_current = nullptr;
+
+const InfiniteRange* g_infinite = nullptr;
+
+double counted(const double* x)
+{
+    ++g_calls;
+    return g_current->f(x);
+}
+
+double counted_infinite(const double* x)
+{
+    ++g_calls;
+    return g_infinite->f(x);
+}
+
+double gsl_infinite(double x, void*)
+{
+    ++g_calls;
+    return g_infinite->f(&x);
+}
+
+const WithBreaks* g_breaks = nullptr;
+
+double counted_breaks(const double* x)
+{
+    ++g_calls;
+    return g_breaks->f(x);
+}
+
+double gsl_breaks(double x, void*)
+{
+    ++g_calls;
+    return g_breaks->f(&x);
+}
+
+void bench_lbxpts(benchmark::State& state, const WithBreaks* t)
+{
+    g_breaks = t;
+    const int lw = 4 * t->limit + t->npts + 2, liw = 2 * t->limit + t->npts + 2;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01alf_(counted_breaks, &t->a, &t->b, &t->npts, t->points, &t->epsabs, &t->epsrel, &result,
+                &abserr, w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = ifail;
+}
+
+void bench_gslpts(benchmark::State& state, const WithBreaks* t)
+{
+    g_breaks = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_breaks, nullptr};
+    std::vector<double> pts{t->a, t->b};
+    pts.insert(pts.end(), t->points, t->points + t->npts);
+    std::sort(pts.begin(), pts.end());
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qagp(&f, pts.data(), pts.size(), t->epsabs, t->epsrel, t->limit,
+                                      ws, &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = status;
+}
+
+const PrincipalValue* g_cauchy = nullptr;
+
+double counted_cauchy(const double* x)
+{
+    ++g_calls;
+    return g_cauchy->f(x);
+}
+
+double gsl_cauchy(double x, void*)
+{
+    ++g_calls;
+    return g_cauchy->f(&x);
+}
+
+void bench_lbxpv(benchmark::State& state, const PrincipalValue* t)
+{
+    g_cauchy = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01aqf_(counted_cauchy, &t->a, &t->b, &t->c, &t->epsabs, &t->epsrel, &result, &abserr,
+                w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = ifail;
+}
+
+void bench_gslpv(benchmark::State& state, const PrincipalValue* t)
+{
+    g_cauchy = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_cauchy, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qawc(&f, t->a, t->b, t->c, t->epsabs, t->epsrel, t->limit, ws,
+                                      &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = status;
+}
+
+void bench_lbxinf(benchmark::State& state, const InfiniteRange* t)
+{
+    g_infinite = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01amf_(counted_infinite, &t->bound, &t->inf, &t->epsabs, &t->epsrel, &result, &abserr,
+                w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = ifail;
+}
+
+void bench_gslinf(benchmark::State& state, const InfiniteRange* t)
+{
+    g_infinite = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_infinite, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        if (t->inf == 1)
+            status = gsl_integration_qagiu(&f, t->bound, t->epsabs, t->epsrel, t->limit, ws,
+                                           &result, &abserr);
+        else if (t->inf == -1)
+            status = gsl_integration_qagil(&f, t->bound, t->epsabs, t->epsrel, t->limit, ws,
+                                           &result, &abserr);
+        else
+            status = gsl_integration_qagi(&f, t->epsabs, t->epsrel, t->limit, ws, &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    state.counters["evals"] = double(g_calls) / double(runs);
+    state.counters["ier"] = status;
+}
+
+double gsl_f(double x, void*)
+{
+    ++g_calls;
+    return g_current->f(&x);
+}
+
+void report(benchmark::State& state, long calls, long runs, int ier)
+{
+    state.counters["evals"] = double(calls) / double(runs);
+    state.counters["ier"] = ier;
+}
+
+void bench_lbx(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01ajf_(counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, w.data(), &lw,
+                iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_lbx61(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01akf_(counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, w.data(), &lw,
+                iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_gsl61(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_f, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qag(&f, t->a, t->b, t->epsabs, t->epsrel, t->limit,
+                                     GSL_INTEG_GAUSS61, ws, &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    report(state, g_calls, runs, status);
+}
+
+void vector_counted(const double* x, double* fv, const int* n)
+{
+    g_calls += *n;
+    for (int i = 0; i < *n; ++i)
+        fv[i] = g_current->f(&x[i]);
+}
+
+void bench_lbxvec(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01atf_(vector_counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, w.data(),
+                &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_lbxrel(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int nlimit = 42 * t->limit - 21;
+    double value = 0, relerr = 0;
+    int npts = 0, ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        value = d01ahf_(counted, &t->a, &t->b, &t->epsrel, &npts, &relerr, &nlimit, &ifail);
+        benchmark::DoNotOptimize(value);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_lbxng(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01bdf_(counted, &t->a, &t->b, &t->epsabs, &t->epsrel, &result, &abserr, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_gslng(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    gsl_set_error_handler_off();
+    gsl_function f{gsl_f, nullptr};
+    double result = 0, abserr = 0;
+    std::size_t neval = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status =
+            gsl_integration_qng(&f, t->a, t->b, t->epsabs, t->epsrel, &result, &abserr, &neval);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, status);
+}
+
+void bench_core(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int limit = t->limit;
+    std::vector<double> w(4 * limit);
+    std::vector<int> iw(limit);
+    const lbx::calculus::Subintervals s{
+        w.data(), w.data() + limit, w.data() + 2 * limit, w.data() + 3 * limit, iw.data(), limit};
+    double result = 0, abserr = 0;
+    int ier = 0;
+    long runs = 0;
+    g_calls = 0;
+    auto f = [](double x) { return counted(&x); };
+    auto rule = [](auto& g, double lo, double hi, double& r, double& e, double& ra, double& rs) {
+        lbx::calculus::D01AJZN(g, lo, hi, r, e, ra, rs);
+    };
+    for (auto _ : state) {
+        ier = lbx::calculus::qags_core(rule, f, t->a, t->b, std::fabs(t->epsabs),
+                                       std::fabs(t->epsrel), s, result, abserr)
+                  .ier;
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ier);
+}
+
+void bench_gsl(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_function f{gsl_f, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qags(&f, t->a, t->b, t->epsabs, t->epsrel, t->limit, ws, &result,
+                                      &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_workspace_free(ws);
+    report(state, g_calls, runs, status);
+}
+
+int register_all()
+{
+    for (const Integrand& t : battery) {
+        benchmark::RegisterBenchmark((std::string("lbx/") + t.name).c_str(), bench_lbx, &t);
+        benchmark::RegisterBenchmark((std::string("core/") + t.name).c_str(), bench_core, &t);
+        benchmark::RegisterBenchmark((std::string("gsl/") + t.name).c_str(), bench_gsl, &t);
+        benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
+        benchmark::RegisterBenchmark((std::string("lbxng/") + t.name).c_str(), bench_lbxng, &t);
+        benchmark::RegisterBenchmark((std::string("lbxvec/") + t.name).c_str(), bench_lbxvec, &t);
+        if (t.epsabs == 0.0)
+            benchmark::RegisterBenchmark((std::string("lbxrel/") + t.name).c_str(), bench_lbxrel,
+                                         &t);
+        benchmark::RegisterBenchmark((std::string("gslng/") + t.name).c_str(), bench_gslng, &t);
+        benchmark::RegisterBenchmark((std::string("gsl61/") + t.name).c_str(), bench_gsl61, &t);
+    }
+    for (const WithBreaks& t : breaks) {
+        benchmark::RegisterBenchmark((std::string("lbxpts/") + t.name).c_str(), bench_lbxpts, &t);
+        benchmark::RegisterBenchmark((std::string("gslpts/") + t.name).c_str(), bench_gslpts, &t);
+    }
+    for (const PrincipalValue& t : cauchy) {
+        benchmark::RegisterBenchmark((std::string("lbxpv/") + t.name).c_str(), bench_lbxpv, &t);
+        benchmark::RegisterBenchmark((std::string("gslpv/") + t.name).c_str(), bench_gslpv, &t);
+    }
+    for (const InfiniteRange& t : infinite) {
+        benchmark::RegisterBenchmark((std::string("lbxinf/") + t.name).c_str(), bench_lbxinf, &t);
+        benchmark::RegisterBenchmark((std::string("gslinf/") + t.name).c_str(), bench_gslinf, &t);
+    }
+    return 0;
+}
+
+const int registered = register_all();
+
+}  // namespace
