@@ -51,8 +51,8 @@ def _dummies(m: RoutineModel, conv) -> list[str]:
         reals = [a.lname for a in pm.proc.args
                  if a.type == "real" and not a.is_array and a.intent == "in"]
         x = f"*{reals[0]}" if reals else "0.0"
-        body = (f"    return static_cast<{RESULT[pm.result]}>(lbx::fuzz::user_value({x}));\n"
-                if pm.result else "")
+        value = ("lbx::fuzz::user_value" if pm.result == "real" else "lbx::fuzz::user_int") + f"({x})"
+        body = f"    return static_cast<{RESULT[pm.result]}>({value});\n" if pm.result else ""
         L.append(f"{RESULT[pm.result]} LBX_CALL {_dummy_name(pm.routine, pm.proc.name)}"
                  f"({_c_params(pm.fn_params, conv)})\n{{\n{body}}}\n")
     return L

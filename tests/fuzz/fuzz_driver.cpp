@@ -223,6 +223,17 @@ double user_value(double x)
     }
 }
 
+// An INTEGER or LOGICAL result of the user's procedure: the hostile real value
+// brought into the range of an int (NaN gives 0), since converting a value
+// outside it is undefined.
+int user_int(double x)
+{
+    const double v = user_value(x);
+    if (!(v == v))
+        return 0;
+    return static_cast<int>(std::fmax(-2147483648.0, std::fmin(2147483647.0, v)));
+}
+
 // ---------------------------------------------------------------- arguments
 
 constexpr std::size_t canary_bytes = 64;

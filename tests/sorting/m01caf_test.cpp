@@ -37,6 +37,31 @@ void* operator new(std::size_t n)
         return p;
     throw std::bad_alloc();
 }
+// Every form is replaced: a sanitizer runtime has its own array and nothrow forms.
+void* operator new[](std::size_t n)
+{
+    return operator new(n);
+}
+void* operator new(std::size_t n, const std::nothrow_t&) noexcept
+{
+    try {
+        return operator new(n);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t n, const std::nothrow_t&) noexcept
+{
+    return operator new(n, std::nothrow);
+}
+void operator delete[](void* p) noexcept
+{
+    std::free(p);
+}
+void operator delete[](void* p, std::size_t) noexcept
+{
+    std::free(p);
+}
 void operator delete(void* p) noexcept
 {
     std::free(p);
