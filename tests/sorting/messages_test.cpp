@@ -45,18 +45,27 @@ Raised sort(int which, int m1, int m2, const char* order, int l1 = 1, int l2 = 4
     return r;
 }
 
-// M01DAF, M01DBF (which = 0, 1), M01DCF (2: five names of length 4, or len).
-Raised rank(int which, int m1, int m2, const char* order, int l1 = 1, int l2 = 4,
+int by_value(const int* i, const int* j, int*, double* ruser)
+{
+    return ruser[*i - 1] > ruser[*j - 1];
+}
+
+// M01DAF, M01DBF (which = 0, 1), M01DCF (2: five names of length 4, or len),
+// M01DZF (3, by the values of the first).
+Raised rank(int which, int m1, int m2, const char* order = "A", int l1 = 1, int l2 = 4,
             std::size_t len = 4)
 {
-    const double rv[5] = {3, 1, 2, 1, 0};
+    double rv[5] = {3, 1, 2, 1, 0};
     const int iv[5] = {3, 1, 2, 1, 0};
+    int iuser[1] = {0};
     std::vector<int> irank(5, -7);
+    int* ir = irank.data();
     const Raised r = traced([&](char* e, int* i) {
-        which == 0   ? m01daft_(rv, &m1, &m2, order, irank.data(), e, i, 1, 200)
-        : which == 1 ? m01dbft_(iv, &m1, &m2, order, irank.data(), e, i, 1, 200)
-                     : m01dcft_("pearfig applplumkiwi", &m1, &m2, &l1, &l2, order, irank.data(), e,
-                                i, len, 1, 200);
+        which == 0   ? m01daft_(rv, &m1, &m2, order, ir, e, i, 1, 200)
+        : which == 1 ? m01dbft_(iv, &m1, &m2, order, ir, e, i, 1, 200)
+        : which == 2
+            ? m01dcft_("pearfig applplumkiwi", &m1, &m2, &l1, &l2, order, ir, e, i, len, 1, 200)
+            : m01dzft_(&by_value, &m01dzf_comparh_, &m1, &m2, ir, iuser, rv, e, i, 200);
     });
     expect_written(irank, m1, m2, r);
     return r;
@@ -77,23 +86,6 @@ Raised rank_matrix(int which, int ldm, int m1, int m2, int n1, int n2, const cha
                      : m01dkft_(im, &ldm, &m1, &m2, &n1, &n2, order, ir, e, i, 1, 200);
     });
     expect_written(irank, which < 2 ? m1 : n1, which < 2 ? m2 : n2, r);
-    return r;
-}
-
-int by_value(const int* i, const int* j, int*, double* ruser)
-{
-    return ruser[*i - 1] > ruser[*j - 1];
-}
-
-Raised rank_user(int m1, int m2)
-{
-    double ruser[4] = {4, 3, 2, 1};
-    int iuser[1] = {0};
-    std::vector<int> irank(4, -7);
-    const Raised r = traced([&](char* e, int* i) {
-        m01dzft_(&by_value, &m01dzf_comparh_, &m1, &m2, irank.data(), iuser, ruser, e, i, 200);
-    });
-    expect_written(irank, m1, m2, r);
     return r;
 }
 
@@ -207,8 +199,8 @@ TEST(Sorting, EveryMessageInItsCheckOrder)
         add(name, "", [=] { return rank_matrix(w, 4, 2, 3, 2, 3, "D"); });
         add(name, "", [=] { return rank_matrix(w, 3, 1, 3, 3, 3); });  // LDM = M2
     }
-    segment("M01DZF", [](int m1, int m2) { return rank_user(m1, m2); });
-    add("M01DZF", "", [] { return rank_user(2, 4); });
+    segment("M01DZF", [](int m1, int m2) { return rank(3, m1, m2); });
+    add("M01DZF", "", [] { return rank(3, 2, 4); });
 
     const char* rearranges[] = {"M01EAF", "M01EBF", "M01ECF", "M01EDF"};
     for (int w = 0; w < 4; ++w) {

@@ -1,14 +1,11 @@
-// Sorting integers and characters against std::stable_sort, rearranging by
-// ranks against its definition (the element of rank r lands at r) and as the
+// Rearranging by ranks against its definition (the element of rank r lands at r) and as the
 // second half of a sort by ranks, and the permutation operations against their
 // defining properties (inverse, cycles that rebuild the permutation).
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <climits>
 #include <complex>
 #include <cstdint>
-#include <functional>
 #include <numeric>
 #include <random>
 #include <string>
@@ -25,38 +22,6 @@ std::vector<int> shuffled(int m1, int m2, std::uint64_t seed)
     std::iota(p.begin() + (m1 - 1), p.begin() + m2, m1);
     std::shuffle(p.begin() + (m1 - 1), p.begin() + m2, std::mt19937_64(seed));
     return p;
-}
-
-// Elements of length 4 keyed on positions 2..3: equal keys, different elements.
-TEST(Sorting, IntegersAndCharacterKeysMatchAStableSort)
-{
-    std::mt19937_64 gen(3);
-    for (int n : {1, 2, 17, 5000}) {
-        std::vector<int> iv(n + 2);
-        std::vector<std::string> w(n + 2);
-        for (int i = 0; i < n + 2; ++i) {
-            iv[i] = static_cast<int>(gen() % 3 == 0 ? gen() : gen() % 7) |
-                    (gen() % 50 == 0 ? INT_MIN : 0);
-            for (int k = 0; k < 4; ++k)
-                w[i] += "ab\x80 "[gen() % 4];
-        }
-        for (bool up : {true, false}) {
-            std::vector<int> got = iv, want = iv;
-            std::vector<std::string> wantw = w;
-            std::string ch = std::accumulate(w.begin(), w.end(), std::string()), joined;
-            int m1 = 2, m2 = n + 1, l1 = 2, l2 = 3, ifail = 1, ifail2 = 1;
-            m01cbf_(got.data(), &m1, &m2, up ? "a" : "d", &ifail, 1);
-            m01ccf_(ch.data(), &m1, &m2, &l1, &l2, up ? "A" : "D", &ifail2, 4, 1);
-            std::stable_sort(want.begin() + 1, want.end() - 1,
-                             [&](int a, int b) { return up ? a < b : b < a; });
-            std::stable_sort(wantw.begin() + 1, wantw.end() - 1, [&](const auto& a, const auto& b) {
-                return up ? a.substr(1, 2) < b.substr(1, 2) : b.substr(1, 2) < a.substr(1, 2);
-            });
-            EXPECT_TRUE(ifail == 0 && got == want) << "M01CBF n=" << n;
-            EXPECT_TRUE(ifail2 == 0 && ch == std::accumulate(wantw.begin(), wantw.end(), joined))
-                << "M01CCF n=" << n << up;
-        }
-    }
 }
 
 // RV(IRANK(I)) after = RV(I) before, for each type; elements outside M1..M2

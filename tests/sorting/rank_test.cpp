@@ -1,7 +1,8 @@
 // Ranking against std::stable_sort of the indices with the documented order
 // (NaNs after every number in both orders, -0.0 tied with +0.0): vectors of
 // lengths around the switch to the radix sort, matrix rows and columns inside a
-// larger array, character keys, the user's comparison; and searching at every
+// larger array, character keys (with the sorts of integers and characters), the
+// user's comparison; and searching at every
 // boundary against std::upper_bound.
 #include <gtest/gtest.h>
 
@@ -79,6 +80,11 @@ TEST(Ranking, VectorsMatchAStableSort)
                 };
                 EXPECT_TRUE(ifail == 0 && irank == want(rv)) << "M01DAF " << n << " " << kind;
                 EXPECT_TRUE(ifail2 == 0 && irank2 == want(iv)) << "M01DBF " << n << " " << kind;
+                std::vector<int> sorted = iv, want_sorted = iv;  // M01CBF, the same segment
+                m01cbf_(sorted.data(), &m1, &m2, order, &ifail, 1);
+                std::stable_sort(want_sorted.begin() + 2, want_sorted.end() - 2,
+                                 [&](int a, int b) { return before(a, b, ascending); });
+                EXPECT_TRUE(ifail == 0 && sorted == want_sorted) << "M01CBF " << n << " " << kind;
             }
         }
     }
@@ -230,27 +236,35 @@ std::vector<std::string> words(int n, int len, std::uint64_t seed)
     return w;
 }
 
-// Ranks on positions L1..L2 of every element, both orders, against a stable
-// sort of the substrings; bytes above 127 must rank above ASCII.
+// Ranks (M01DCF) and sorts (M01CCF) on positions L1..L2 of every element, both
+// orders, against a stable sort of the substrings; bytes above 127 come after ASCII.
 TEST(Ranking, CharacterKeysMatchAStableSort)
 {
     for (int n : {1, 7, 3000}) {
         const int len = 5, m1 = 2, m2 = n + 1;
         const std::vector<std::string> w = words(n + 1, len, n);
-        std::string ch;
-        for (const auto& s : w)
-            ch += s;
+        const std::string ch = std::accumulate(w.begin(), w.end(), std::string());
         for (const auto& [l1, l2] : {std::pair{1, 5}, {2, 3}, {5, 5}}) {
             for (bool ascending : {true, false}) {
+                const char* order = ascending ? "A" : "D";
+                auto less = [&](const std::string& a, const std::string& b) {
+                    const auto ka = a.substr(l1 - 1, l2 - l1 + 1),
+                               kb = b.substr(l1 - 1, l2 - l1 + 1);
+                    return ascending ? ka < kb : kb < ka;
+                };
                 std::vector<int> irank(m2 + 1, -7);
-                int ifail = 1;
-                m01dcf_(ch.data(), &m1, &m2, &l1, &l2, ascending ? "A" : "D", irank.data(), &ifail,
-                        len, 1);
-                auto key = [&](int i) { return w[m1 - 1 + i].substr(l1 - 1, l2 - l1 + 1); };
+                std::string sorted = ch;
+                std::vector<std::string> ws = w;
+                std::stable_sort(ws.begin() + 1, ws.end(), less);
+                int ifail = 1, ifail2 = 1;
+                m01dcf_(ch.data(), &m1, &m2, &l1, &l2, order, irank.data(), &ifail, len, 1);
+                m01ccf_(sorted.data(), &m1, &m2, &l1, &l2, order, &ifail2, len, 1);
                 const auto want = stable_ranks(
-                    n, m1,
-                    [&](int a, int b) { return ascending ? key(a) < key(b) : key(b) < key(a); }, 1);
-                EXPECT_TRUE(ifail == 0 && irank == want) << n << " " << l1 << ":" << l2;
+                    n, m1, [&](int a, int b) { return less(w[m1 - 1 + a], w[m1 - 1 + b]); }, 1);
+                EXPECT_TRUE(ifail == 0 && irank == want) << n << " " << l1 << ":" << l2 << order;
+                EXPECT_TRUE(ifail2 == 0 &&
+                            sorted == std::accumulate(ws.begin(), ws.end(), std::string()))
+                    << "M01CCF " << n << " " << l1 << ":" << l2 << order;
             }
         }
     }
@@ -262,9 +276,7 @@ TEST(Searching, CharacterItemsAreComparedPaddedWithBlanks)
 {
     std::vector<std::string> w = words(40, 3, 5);
     std::sort(w.begin(), w.end());
-    std::string ch;
-    for (const auto& s : w)
-        ch += s;
+    const std::string ch = std::accumulate(w.begin(), w.end(), std::string());
     std::vector<std::string> items = {"", " ", "a", "a ", "a  a", "a \t", "\xff\xff\xff\xff", "ab"};
     for (const auto& s : w)
         items.insert(items.end(), {s, s + " ", s + "a", s + "\t", s.substr(0, 2)});
