@@ -130,7 +130,9 @@ Raised perm(int which, int m1, int m2, std::vector<int> iperm)
 // value on failure is 0.
 Raised find(int which, int valid, int m1, int m2, std::vector<double> x, const char* ch = "")
 {
-    const std::vector<int> ix(x.begin(), x.end());
+    std::vector<int> ix;  // the integer twin (a NaN becomes 0: it has no integer value)
+    for (double v : x)
+        ix.push_back(v == v ? static_cast<int>(v) : 0);
     const int item = 2;
     const double ritem = 2;
     int result = -1;
