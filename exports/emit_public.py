@@ -211,13 +211,7 @@ def _windows_fortran_module(models: list[ChapterModel]) -> str:
     for cm in models:
         for m in cm.routines:
             r = m.routine
-            for pm in m.procs:
-                items, imports = _items(pm.fn_params, r.name)
-                abstract.append(_f_interface(_iface(r.name, pm.proc.name, False), pm.result,
-                                             items, imports, True))
-                items, imports = _items(pm.adapter_params, r.name)
-                abstract.append(_f_interface(_iface(r.name, pm.proc.name, True), pm.result,
-                                             items, imports, True))
+            abstract += _procedure_interfaces(m, True)
             for e in m.entries:
                 iface, body = _w_entry(e, r.name)
                 ifaces.append(iface)
@@ -232,6 +226,17 @@ def _windows_fortran_module(models: list[ChapterModel]) -> str:
     return "".join(L)
 
 
+def _procedure_interfaces(m: RoutineModel, stdcall: bool) -> list[str]:
+    """The abstract interfaces of a routine's user procedures and their adapters."""
+    out = []
+    for pm in m.procs:
+        for adapter, params in ((False, pm.fn_params), (True, pm.adapter_params)):
+            items, imports = _items(params, m.routine.name)
+            out.append(_f_interface(_iface(m.routine.name, pm.proc.name, adapter), pm.result,
+                                    items, imports, stdcall))
+    return out
+
+
 def fortran_module(models: list[ChapterModel], conv) -> str:
     if conv.name == "windows32":
         return _windows_fortran_module(models)
@@ -244,13 +249,7 @@ def fortran_module(models: list[ChapterModel], conv) -> str:
     for cm in models:
         for m in cm.routines:
             r = m.routine
-            for pm in m.procs:
-                items, imports = _items(pm.fn_params, r.name)
-                abstract.append(_f_interface(_iface(r.name, pm.proc.name, False), pm.result,
-                                             items, imports, stdcall))
-                items, imports = _items(pm.adapter_params, r.name)
-                abstract.append(_f_interface(_iface(r.name, pm.proc.name, True), pm.result,
-                                             items, imports, stdcall))
+            abstract += _procedure_interfaces(m, stdcall)
             for e in m.entries:
                 items, imports = _items(e.params, r.name)
                 bodies.append(_f_interface(e.name, e.result, items, imports, stdcall))

@@ -85,6 +85,12 @@ bool write_block(int unit, const RecordBlock& block) noexcept
         return true;
     // A C caller's own buffered output comes first.
     std::fflush(stdout);
+#ifdef _WIN32
+    // The DLL's Fortran runtime is its own, apart from the caller's: no statement
+    // of the caller's can hold its unit, so the block is written here.
+    block.write_here(unit);
+    return true;
+#endif
     void* memory = std::malloc(sizeof(Job));
     if (memory == nullptr) {
         block.write_here(unit);

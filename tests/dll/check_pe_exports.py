@@ -94,7 +94,7 @@ def entry_words(catalogues) -> dict[str, int]:
             out[r.name + "T"] = (words(traced) + sum(1 for a in traced if a.type == "procedure")
                                  + (3 if r.has_ifail else 0))
             for p in r.procedures():
-                out[p.adapter] = 1 + words(p.args)
+                out[p.adapter] = 1 + words(p.args) + words(getattr(p, "through", []))
             if r.export_impl:
                 out[r.impl] = words(r.visible)
     return out

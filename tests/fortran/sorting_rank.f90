@@ -11,6 +11,8 @@ contains
     integer, intent(in) :: i, j
     integer, intent(inout) :: iuser(*)
     double precision, intent(inout) :: ruser(*)
+    ! The library calls it back with the stdcall convention of 32-bit Windows.
+    !GCC$ ATTRIBUTES STDCALL :: by_magnitude
     iuser(1) = iuser(1) + 1
     by_magnitude = abs(ruser(i)) > abs(ruser(j))
   end function by_magnitude
