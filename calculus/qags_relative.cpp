@@ -2,7 +2,10 @@
 // relative accuracy EPSR within NLIMIT evaluations of F (10000 when NLIMIT <=
 // 0). It is QAGS with EPSABS = 0, EPSREL = EPSR and LIMIT = (NLIMIT + 21)/42
 // subintervals (the most that 42 LIMIT - 21 <= NLIMIT evaluations allow), on
-// a workspace of its own.
+// a workspace of its own.  LIMIT is at most 5000 subintervals (NLIMIT beyond
+// 209979 evaluations gives no more): the lists are kept by insertion, so the
+// work grows with the square of LIMIT.
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -14,6 +17,7 @@ namespace lbx::calculus {
 namespace {
 
 constexpr int default_nlimit = 10000;
+constexpr long long max_limit = 5000;
 
 }  // namespace
 
@@ -31,7 +35,8 @@ double D01AHFN(const D01AHF_FProc& f, double a, double b, double epsr, int& npts
         return 0.0;
     }
     const int evaluations = nlimit > 0 ? nlimit : default_nlimit;
-    const int limit = (evaluations + 21) / 42;
+    const int limit =
+        static_cast<int>(std::min((static_cast<long long>(evaluations) + 21) / 42, max_limit));
     std::vector<double> w(4 * static_cast<std::size_t>(limit));
     std::vector<int> iord(static_cast<std::size_t>(limit));
     const Subintervals s{
