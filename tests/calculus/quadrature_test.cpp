@@ -166,40 +166,76 @@ const Integrand& find(const std::string& name)
     return battery[0];
 }
 
-// Every row of a reference table: the routine's RESULT, ABSERR, LAST,
-// evaluations and IFAIL equal the table's.
-int check_battery(const char* table, Entry entry, double abserr_rel = 0.0)
+// One row of a reference table: what the published code gave.
+struct Reference {
+    std::string name, what;
+    bool forward = true;
+    double result = 0, abserr = 0;
+    int neval = 0, last = 0, ier = 0;
+    double lo(double a, double b) const { return forward ? a : b; }
+    double hi(double a, double b) const { return forward ? b : a; }
+};
+
+// The rows of a reference table of tests/data (comments and blank lines left out).
+std::vector<Reference> references(const char* table)
 {
     std::ifstream in(std::string(LBX_TEST_DATA "/") + table);
     EXPECT_TRUE(in) << "missing reference table " << table;
-    std::string line;
-    int rows = 0;
-    while (std::getline(in, line)) {
+    std::vector<Reference> rows;
+    for (std::string line; std::getline(in, line);) {
         if (line.empty() || line[0] == '#')
             continue;
         std::istringstream s(line);
-        std::string name, direction, result, abserr;
-        int neval = 0, last = 0, ier = 0;
-        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
-        const Integrand& t = find(name);
-        const bool fwd = direction == "forward";
-        const Outcome r = d01ajf(t.f, fwd ? t.a : t.b, fwd ? t.b : t.a, t.epsabs, t.epsrel,
-                                 4 * t.limit, t.limit, entry);
-        const std::string what = std::string(table) + " " + name + " " + direction;
-        EXPECT_EQ(r.raised.ifail, ier) << what;
-        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
-        const double want = std::strtod(abserr.c_str(), nullptr);
-        if (abserr_rel == 0.0)
-            EXPECT_EQ(r.abserr, want) << what;
-        else
-            EXPECT_NEAR(r.abserr, want, abserr_rel * want) << what;
-        EXPECT_EQ(std::signbit(r.result), std::signbit(std::strtod(result.c_str(), nullptr)))
-            << what;
-        EXPECT_EQ(r.iw[0], last) << what;
-        EXPECT_EQ(r.evals, neval) << what;
-        ++rows;
+        Reference r;
+        std::string direction, result, abserr;
+        s >> r.name >> direction >> result >> abserr >> r.neval >> r.last >> r.ier;
+        r.forward = direction == "forward";
+        r.what = std::string(table) + " " + r.name + " " + direction;
+        r.result = std::strtod(result.c_str(), nullptr);
+        r.abserr = std::strtod(abserr.c_str(), nullptr);
+        rows.push_back(r);
     }
     return rows;
+}
+
+// The routine's IFAIL, RESULT, ABSERR (to abserr_rel relative; 0: equal), LAST
+// and evaluations against the row.
+void expect_published(const Outcome& r, const Reference& ref, double abserr_rel = 0.0)
+{
+    EXPECT_EQ(r.raised.ifail, ref.ier) << ref.what;
+    EXPECT_EQ(r.result, ref.result) << ref.what;
+    EXPECT_EQ(std::signbit(r.result), std::signbit(ref.result)) << ref.what;
+    if (abserr_rel == 0.0)
+        EXPECT_EQ(r.abserr, ref.abserr) << ref.what;
+    else
+        EXPECT_NEAR(r.abserr, ref.abserr, abserr_rel * ref.abserr) << ref.what;
+    EXPECT_EQ(r.iw[0], ref.last) << ref.what;
+    EXPECT_EQ(r.evals, ref.neval) << ref.what;
+}
+
+// The integrand of a table named in a reference row.
+template <class Table>
+const auto* named(const Table& table, const std::string& name)
+{
+    for (const auto& i : table)
+        if (name == i.name)
+            return &i;
+    ADD_FAILURE() << "no integrand " << name;
+    return static_cast<decltype(&table[0])>(nullptr);
+}
+
+// Every row of a reference table through D01AJF's shape (entry: D01AJFT or
+// D01AKFT); returns the number of rows.
+int check_battery(const char* table, Entry entry, double abserr_rel = 0.0)
+{
+    const std::vector<Reference> rows = references(table);
+    for (const Reference& ref : rows) {
+        const Integrand& t = find(ref.name);
+        expect_published(d01ajf(t.f, ref.lo(t.a, t.b), ref.hi(t.a, t.b), t.epsabs, t.epsrel,
+                                4 * t.limit, t.limit, entry),
+                         ref, abserr_rel);
+    }
+    return static_cast<int>(rows.size());
 }
 
 TEST(Quadrature, D01AJFEqualsPublishedQagsBitForBit)
@@ -236,35 +272,12 @@ Outcome d01amf(D01AJF_FFn f, double bound, int inf, double epsabs, double epsrel
 // QUADPACK's QAGI (SciPy's compiled Fortran) on the infinite-range battery.
 TEST(Quadrature, D01AMFEqualsPublishedQagiBitForBit)
 {
-    std::ifstream in(LBX_TEST_DATA "/quadrature_qagi.txt");
-    EXPECT_TRUE(in) << "missing reference table";
-    std::string line;
-    int rows = 0;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#')
-            continue;
-        std::istringstream s(line);
-        std::string name, direction, result, abserr;
-        int neval = 0, last = 0, ier = 0;
-        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
-        const InfiniteRange* t = nullptr;
-        for (const InfiniteRange& i : infinite)
-            if (name == i.name)
-                t = &i;
-        if (t == nullptr) {
-            ADD_FAILURE() << "no integrand " << name;
-            continue;
-        }
-        const Outcome r =
-            d01amf(t->f, t->bound, t->inf, t->epsabs, t->epsrel, 4 * t->limit, t->limit);
-        EXPECT_EQ(r.raised.ifail, ier) << name;
-        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << name;
-        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << name;
-        EXPECT_EQ(r.iw[0], last) << name;
-        EXPECT_EQ(r.evals, neval) << name;
-        ++rows;
-    }
-    EXPECT_EQ(rows, static_cast<int>(std::size(infinite)));
+    const std::vector<Reference> rows = references("quadrature_qagi.txt");
+    for (const Reference& ref : rows)
+        if (const InfiniteRange* t = named(infinite, ref.name))
+            expect_published(
+                d01amf(t->f, t->bound, t->inf, t->epsabs, t->epsrel, 4 * t->limit, t->limit), ref);
+    EXPECT_EQ(rows.size(), std::size(infinite));
 }
 
 Outcome d01alf(D01AJF_FFn f, double a, double b, int npts, const double* points, double epsabs,
@@ -286,38 +299,14 @@ Outcome d01alf(D01AJF_FFn f, double a, double b, int npts, const double* points,
 // points, limits as given and reversed; W and IW sized for LIMIT exactly.
 TEST(Quadrature, D01ALFEqualsPublishedQagpBitForBit)
 {
-    std::ifstream in(LBX_TEST_DATA "/quadrature_qagp.txt");
-    EXPECT_TRUE(in) << "missing reference table";
-    std::string line;
-    int rows = 0;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#')
-            continue;
-        std::istringstream s(line);
-        std::string name, direction, result, abserr;
-        int neval = 0, last = 0, ier = 0;
-        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
-        const WithBreaks* t = nullptr;
-        for (const WithBreaks& i : breaks)
-            if (name == i.name)
-                t = &i;
-        if (t == nullptr) {
-            ADD_FAILURE() << "no integrand " << name;
-            continue;
-        }
-        const bool fwd = direction == "forward";
-        const int npts2 = t->npts + 2;
-        const Outcome r = d01alf(t->f, fwd ? t->a : t->b, fwd ? t->b : t->a, t->npts, t->points,
-                                 t->epsabs, t->epsrel, 4 * t->limit + npts2, 2 * t->limit + npts2);
-        const std::string what = name + " " + direction;
-        EXPECT_EQ(r.raised.ifail, ier) << what;
-        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
-        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << what;
-        EXPECT_EQ(r.iw[0], last) << what;
-        EXPECT_EQ(r.evals, neval) << what;
-        ++rows;
-    }
-    EXPECT_EQ(rows, 2 * static_cast<int>(std::size(breaks)));
+    const std::vector<Reference> rows = references("quadrature_qagp.txt");
+    for (const Reference& ref : rows)
+        if (const WithBreaks* t = named(breaks, ref.name))
+            expect_published(
+                d01alf(t->f, ref.lo(t->a, t->b), ref.hi(t->a, t->b), t->npts, t->points, t->epsabs,
+                       t->epsrel, 4 * t->limit + t->npts + 2, 2 * t->limit + t->npts + 2),
+                ref);
+    EXPECT_EQ(rows.size(), 2 * std::size(breaks));
 }
 
 Outcome d01bdf(D01AJF_FFn f, double a, double b, double epsabs, double epsrel)
@@ -339,37 +328,23 @@ Outcome d01bdf(D01AJF_FFn f, double a, double b, double epsabs, double epsrel)
 // 1e-12 relative; RESULT, the evaluations and IFAIL are equal.
 TEST(Quadrature, D01BDFEqualsQng)
 {
-    std::ifstream in(LBX_TEST_DATA "/quadrature_qng.txt");
-    EXPECT_TRUE(in) << "missing reference table";
-    std::string line;
-    int rows = 0;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#')
-            continue;
-        std::istringstream s(line);
-        std::string name, direction, result, abserr;
-        int neval = 0, last = 0, ier = 0;
-        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
-        const Integrand& t = find(name);
-        const bool fwd = direction == "forward";
-        const Outcome r = d01bdf(t.f, fwd ? t.a : t.b, fwd ? t.b : t.a, t.epsabs, t.epsrel);
-        const std::string what = name + " " + direction;
-        const double want = std::strtod(abserr.c_str(), nullptr);
-        if (name == "zero_integrand") {
+    const std::vector<Reference> rows = references("quadrature_qng.txt");
+    for (const Reference& ref : rows) {
+        const Integrand& t = find(ref.name);
+        const Outcome r = d01bdf(t.f, ref.lo(t.a, t.b), ref.hi(t.a, t.b), t.epsabs, t.epsrel);
+        if (ref.name == "zero_integrand") {
             // DQNG accepts ABSERR <= max(EPSABS, EPSREL abs(RESULT)), so an
             // error of exactly 0 ends after 21 points; GSL needs <.
-            EXPECT_EQ(r.raised.ifail, 0) << what;
-            EXPECT_EQ(r.evals, 21) << what;
-            ++rows;
+            EXPECT_EQ(r.raised.ifail, 0) << ref.what;
+            EXPECT_EQ(r.evals, 21) << ref.what;
             continue;
         }
-        EXPECT_EQ(r.raised.ifail, ier) << what;
-        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
-        EXPECT_NEAR(r.abserr, want, 1e-12 * want) << what;
-        EXPECT_EQ(r.evals, neval) << what;
-        ++rows;
+        EXPECT_EQ(r.raised.ifail, ref.ier) << ref.what;
+        EXPECT_EQ(r.result, ref.result) << ref.what;
+        EXPECT_NEAR(r.abserr, ref.abserr, 1e-12 * ref.abserr) << ref.what;
+        EXPECT_EQ(r.evals, ref.neval) << ref.what;
     }
-    EXPECT_EQ(rows, 108);
+    EXPECT_EQ(rows.size(), 108u);
 }
 
 // D01ATF's vectorised integrand: the scalar one at each point; its
@@ -407,30 +382,14 @@ Outcome d01atf(D01AJF_FFn f, double a, double b, double epsabs, double epsrel, i
 // published QAGS's output on the first battery, bit for bit.
 TEST(Quadrature, D01ATFEqualsPublishedQagsBitForBit)
 {
-    std::ifstream in(LBX_TEST_DATA "/quadrature_battery.txt");
-    EXPECT_TRUE(in) << "missing reference table";
-    std::string line;
-    int rows = 0;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#')
-            continue;
-        std::istringstream s(line);
-        std::string name, direction, result, abserr;
-        int neval = 0, last = 0, ier = 0;
-        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
-        const Integrand& t = find(name);
-        const bool fwd = direction == "forward";
-        const Outcome r =
-            d01atf(t.f, fwd ? t.a : t.b, fwd ? t.b : t.a, t.epsabs, t.epsrel, 4 * t.limit, t.limit);
-        const std::string what = name + " " + direction;
-        EXPECT_EQ(r.raised.ifail, ier) << what;
-        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
-        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << what;
-        EXPECT_EQ(r.iw[0], last) << what;
-        EXPECT_EQ(r.evals, neval) << what;
-        ++rows;
+    const std::vector<Reference> rows = references("quadrature_battery.txt");
+    for (const Reference& ref : rows) {
+        const Integrand& t = find(ref.name);
+        expect_published(d01atf(t.f, ref.lo(t.a, t.b), ref.hi(t.a, t.b), t.epsabs, t.epsrel,
+                                4 * t.limit, t.limit),
+                         ref);
     }
-    EXPECT_EQ(rows, 2 * static_cast<int>(std::size(battery)));
+    EXPECT_EQ(rows.size(), 2 * std::size(battery));
 }
 
 struct Relative {
@@ -458,32 +417,20 @@ Relative d01ahf(D01AJF_FFn f, double a, double b, double epsr, int nlimit)
 // mapped (1; 2, 3, 4; 5 to 1; 2; 3).
 TEST(Quadrature, D01AHFEqualsPublishedQagsWithRelativeTolerance)
 {
-    std::ifstream in(LBX_TEST_DATA "/quadrature_battery.txt");
-    EXPECT_TRUE(in) << "missing reference table";
-    std::string line;
     int rows = 0;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#')
-            continue;
-        std::istringstream s(line);
-        std::string name, direction, result, abserr;
-        int neval = 0, last = 0, ier = 0;
-        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
-        const Integrand& t = find(name);
+    for (const Reference& ref : references("quadrature_battery.txt")) {
+        const Integrand& t = find(ref.name);
         if (t.epsabs != 0.0)
             continue;
-        const bool fwd = direction == "forward";
         const Relative r =
-            d01ahf(t.f, fwd ? t.a : t.b, fwd ? t.b : t.a, t.epsrel, 42 * t.limit - 21);
-        const std::string what = name + " " + direction;
-        const double want = std::strtod(result.c_str(), nullptr);
-        const double err = std::strtod(abserr.c_str(), nullptr);
+            d01ahf(t.f, ref.lo(t.a, t.b), ref.hi(t.a, t.b), t.epsrel, 42 * t.limit - 21);
         const int ifail[] = {0, 1, 2, 2, 2, 3};
-        EXPECT_EQ(r.raised.ifail, ifail[ier]) << what;
-        EXPECT_EQ(r.value, want) << what;
-        EXPECT_EQ(r.relerr, want != 0.0 ? err / std::fabs(want) : err) << what;
-        EXPECT_EQ(r.npts, neval) << what;
-        EXPECT_EQ(r.evals, neval) << what;
+        EXPECT_EQ(r.raised.ifail, ifail[ref.ier]) << ref.what;
+        EXPECT_EQ(r.value, ref.result) << ref.what;
+        EXPECT_EQ(r.relerr, ref.result != 0.0 ? ref.abserr / std::fabs(ref.result) : ref.abserr)
+            << ref.what;
+        EXPECT_EQ(r.npts, ref.neval) << ref.what;
+        EXPECT_EQ(r.evals, ref.neval) << ref.what;
         ++rows;
     }
     EXPECT_GT(rows, 80);
@@ -507,37 +454,13 @@ Outcome d01aqf(D01AJF_FFn f, double a, double b, double c, double epsabs, double
 // battery, limits as given and reversed.
 TEST(Quadrature, D01AQFEqualsPublishedQawcBitForBit)
 {
-    std::ifstream in(LBX_TEST_DATA "/quadrature_qawc.txt");
-    EXPECT_TRUE(in) << "missing reference table";
-    std::string line;
-    int rows = 0;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#')
-            continue;
-        std::istringstream s(line);
-        std::string name, direction, result, abserr;
-        int neval = 0, last = 0, ier = 0;
-        s >> name >> direction >> result >> abserr >> neval >> last >> ier;
-        const PrincipalValue* t = nullptr;
-        for (const PrincipalValue& i : cauchy)
-            if (name == i.name)
-                t = &i;
-        if (t == nullptr) {
-            ADD_FAILURE() << "no integrand " << name;
-            continue;
-        }
-        const bool fwd = direction == "forward";
-        const Outcome r = d01aqf(t->f, fwd ? t->a : t->b, fwd ? t->b : t->a, t->c, t->epsabs,
-                                 t->epsrel, 4 * t->limit, t->limit);
-        const std::string what = name + " " + direction;
-        EXPECT_EQ(r.raised.ifail, ier) << what;
-        EXPECT_EQ(r.result, std::strtod(result.c_str(), nullptr)) << what;
-        EXPECT_EQ(r.abserr, std::strtod(abserr.c_str(), nullptr)) << what;
-        EXPECT_EQ(r.iw[0], last) << what;
-        EXPECT_EQ(r.evals, neval) << what;
-        ++rows;
-    }
-    EXPECT_EQ(rows, 2 * static_cast<int>(std::size(cauchy)));
+    const std::vector<Reference> rows = references("quadrature_qawc.txt");
+    for (const Reference& ref : rows)
+        if (const PrincipalValue* t = named(cauchy, ref.name))
+            expect_published(d01aqf(t->f, ref.lo(t->a, t->b), ref.hi(t->a, t->b), t->c, t->epsabs,
+                                    t->epsrel, 4 * t->limit, t->limit),
+                             ref);
+    EXPECT_EQ(rows.size(), 2 * std::size(cauchy));
 }
 
 double sqrt_end(const double* x)
