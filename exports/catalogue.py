@@ -54,7 +54,8 @@ and the chapter's shared messages and standard prototypes.  The grammar, in full
 
 Argument strings are ``TYPE NAME[(DIM)] INTENT [notrace] [noimpl]``:
 
-* TYPE is integer, real, complex (COMPLEX*16), logical, character*1,
+* TYPE is integer, real, complex (COMPLEX*16), single (REAL), csingle
+  (COMPLEX), logical, character*1,
   character*N, character*(*), procedure or ifail (the error indicator: last,
   no intent);
 * DIM makes the argument an array: comma-separated Fortran extents over other
@@ -101,7 +102,7 @@ FILE_RE = re.compile(r"^routines(-[a-z0-9_]+)?\.toml$")
 @dataclass
 class Arg:
     name: str
-    type: str  # integer real complex logical character procedure ifail
+    type: str  # integer real complex single csingle logical character procedure ifail
     intent: str = "in"
     dims: list[str] | None = None  # None: scalar
     char_len: str | None = None  # "1", "N" (digits) or "*"
@@ -211,7 +212,7 @@ def _fail(routine: str, text: str) -> CatalogueError:
 
 
 _ARG_RE = re.compile(
-    r"^(?P<type>integer|real|complex|logical|character\*(?:\d+|\(\*\))|procedure|ifail)\s+"
+    r"^(?P<type>integer|real|complex|single|csingle|logical|character\*(?:\d+|\(\*\))|procedure|ifail)\s+"
     r"(?P<name>[A-Z][A-Z0-9_]*)(?:\((?P<dims>[^)]*)\))?"
     r"(?P<rest>(?:\s+\S+)*)\s*$")
 

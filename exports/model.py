@@ -218,6 +218,10 @@ def trace_line(a: Arg) -> TraceLine:
     if a.is_char:
         ln = f"{n}_len" if a.char_len == "*" else f"std::min<std::size_t>({a.char_len}, {n}_len)"
         return TraceLine("character", a.name, f"std::string_view({n}, {ln})")
+    if a.type == "single":  # traced as the double it widens to
+        return TraceLine("real", a.name, f"static_cast<double>(*{n})")
+    if a.type == "csingle":
+        return TraceLine("complex", a.name, f"lbx::Complex(*{n})")
     return TraceLine(a.type, a.name, f"*{n}")
 
 

@@ -410,11 +410,11 @@ private:
     T value(const char* name)
     {
         const std::string n = name;
-        if constexpr (std::is_same_v<T, double>) {
+        if constexpr (std::is_floating_point_v<T>) {
             if (ordinary_)  // a value a search or a variate routine accepts, mostly
-                return rng_.chance(70) ? -10 + 20 * rng_.uniform()
-                                       : std::pow(10.0, -12 + 12 * rng_.uniform());
-            return hostile_real(rng_);
+                return static_cast<T>(rng_.chance(70) ? -10 + 20 * rng_.uniform()
+                                                      : std::pow(10.0, -12 + 12 * rng_.uniform()));
+            return static_cast<T>(hostile_real(rng_));
         } else if constexpr (std::is_same_v<T, int>) {
             if (n == "IND" && rng_.chance(70))
                 return 1;
@@ -422,7 +422,8 @@ private:
                 return static_cast<int>(rng_.below(5));
             return hostile_int(rng_);
         } else {
-            return T(hostile_real(rng_), hostile_real(rng_));
+            using R = typename T::value_type;
+            return T(static_cast<R>(hostile_real(rng_)), static_cast<R>(hostile_real(rng_)));
         }
     }
 
@@ -439,12 +440,13 @@ private:
         const bool plain = rng_.chance(50);  // one kind of value, or any
         const double base = hostile_real(rng_);
         for (long i = 0; i < n; ++i) {
-            if constexpr (std::is_same_v<T, double>)
-                p[i] = plain ? base + i % 7 : hostile_real(rng_);
+            if constexpr (std::is_floating_point_v<T>)
+                p[i] = static_cast<T>(plain ? base + i % 7 : hostile_real(rng_));
             else if constexpr (std::is_same_v<T, int>)
                 p[i] = plain ? static_cast<int>(rng_.below(20)) : hostile_int(rng_);
             else
-                p[i] = T(hostile_real(rng_), hostile_real(rng_));
+                p[i] = T(static_cast<typename T::value_type>(hostile_real(rng_)),
+                         static_cast<typename T::value_type>(hostile_real(rng_)));
         }
     }
 
