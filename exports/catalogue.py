@@ -21,7 +21,10 @@ and the chapter's shared messages and standard prototypes.  The grammar, in full
     [[paired]]                          # a chapter routine paired with a standard routine:
     name = "F07ADF"                     #   F07ADF(args) -> F07ADFT(CALL_VENDOR, SORDER, args)
     standard = "DGETRF"                 #   pairing name "F07ADF/DGETRF" (NAME_pairing)
-    own = "impl"                        # own path: impl (F07ADFN, default) | external
+    own = "impl"                        # own path: impl (F07ADFN, default) | external |
+                                        #   private: lbx_own_<standard>_, the library's private
+                                        #   routine with the standard's machine argument list
+                                        #   (and SRNAME with append_name)
     option_length = 1                   # plain entry passes CHARACTER options with length 1
     append_name = true                  # traced list ends in SRNAME, the pairing name
     # (one row each: paired = [{name = "...", standard = "..."}, ...] is the same thing)
@@ -166,7 +169,7 @@ class Routine:
     messages: list[Message] = field(default_factory=list)
     source: str = "routines"  # the catalogue file's stem: its translation unit
     standard: str | None = None  # paired and forward: the external routine
-    own: str = "impl"  # paired: impl | external
+    own: str = "impl"  # paired: impl | external | private
     option_length: int | None = None  # paired: hidden length passed for options
 
     @property
@@ -442,8 +445,8 @@ def parse_paired(row: dict, chapter: str, standards: dict[str, Standard], source
     if std is None:
         raise _fail(name, f"paired with '{row.get('standard')}', which has no [standard] prototype")
     own = row.get("own", "impl")
-    if own not in ("impl", "external"):
-        raise _fail(name, "own must be 'impl' or 'external'")
+    if own not in ("impl", "external", "private"):
+        raise _fail(name, "own must be 'impl', 'external' or 'private'")
     option_length = row.get("option_length")
     if option_length not in (None, 1):
         raise _fail(name, "option_length can only be 1")

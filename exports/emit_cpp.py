@@ -109,7 +109,7 @@ def chapter_header(cm: ChapterModel, conv) -> str:
             out.append(proc_decls(pm, conv))
         if r.layers == "paired":
             out.append(f"inline constexpr std::string_view {r.name}_pairing = {cstr(r.pairing)};\n")
-        if r.layers != "forward" and not (r.layers == "paired" and r.own == "external"):
+        if r.layers != "forward" and not (r.layers == "paired" and r.own != "impl"):
             out.append(impl_signature(m) + ";\n")
         if r.messages:
             # A struct rather than a namespace, so that a routine's messages can
@@ -119,6 +119,14 @@ def chapter_header(cm: ChapterModel, conv) -> str:
                 out.append(f"    static constexpr lbx::Message<{msg.nvalues}> {msg.id}"
                            f"{{{msg.ifail}, {msg.code}}};\n")
             out.append("};\n")
+    pairs = sorted((m.routine.standard, m.routine.pairing) for m in cm.routines
+                   if m.routine.layers == "paired")
+    if pairs:
+        out.append("\n// Every pairing of the chapter by standard name, for the reporters.\n"
+                   "struct StandardPairing {\n    std::string_view standard;\n"
+                   "    std::string_view pairing;\n};\n"
+                   "inline constexpr StandardPairing standard_pairings[] = {\n"
+                   + "".join(f"    {{{cstr(s)}, {cstr(p)}}},\n" for s, p in pairs) + "};\n")
     rows = [f"    {{{cstr(m.routine.name)}, {cstr(msg.id)}, {msg.ifail}, {msg.code}, "
             f"{len(msg.records)}}},\n"
             for m in cm.routines for msg in m.messages if msg.id != "ALLOC_FAILED"]
@@ -211,7 +219,7 @@ def traced_call(e: Entry) -> list[str]:
     if e.result:
         L.append(f"    {res} result_{{}};\n")
     target = "result_ = " if e.result else ""
-    own = e.impl_call
+    own = external_call(e.own) if e.own is not None else e.impl_call
     if e.result == "logical" and own:
         own = f"({own} ? 1 : 0)"
     if e.external is not None and not own:
@@ -304,8 +312,9 @@ def external_decls(models: list[RoutineModel], conv) -> str:
     seen: dict[str, External] = {}
     for m in models:
         for e in m.entries:
-            if e.external is not None:
-                seen.setdefault(e.external.symbol, e.external)
+            for x in (e.external, e.own):
+                if x is not None:
+                    seen.setdefault(x.symbol, x)
     L = []
     for sym, x in seen.items():
         res = RESULT[x.result]

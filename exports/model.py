@@ -94,6 +94,7 @@ class Entry:
     # traced entries of paired routines and forwards: the external routine
     external: "External | None" = None
     vendor_flag: str = ""  # paired: the CALL_VENDOR parameter
+    own: "External | None" = None  # paired, private: the own path's routine
 
 
 @dataclass
@@ -299,6 +300,17 @@ def _external(r: Routine, conv: Convention, typename) -> External:
                     call_args=[p.name for p in params], lookup=conv.external_lookup)
 
 
+def _private(r: Routine, conv: Convention, typename) -> External:
+    """The own path's private routine: the standard's argument list, plus SRNAME
+    when the traced layer receives one, in the external routine's machine order."""
+    names = {a.name for a in r.visible}
+    slots = [Slot(a.lname, a, "value") for a in r.traced_args()
+             if a.name in names or a.name == "SRNAME"]
+    params = machine_params(conv.external_order, slots, typename)
+    return External(symbol=f"lbx_own_{r.standard.lower()}_", result=r.result, params=params,
+                    call_args=[p.name for p in params], lookup=False)
+
+
 def _traced(r: Routine, conv: Convention, typename) -> Entry:
     params = machine_params(conv.order, routine_slots(r, "traced"), typename)
     impl_args = [impl_value(a, typename) for a in r.impl_args()]
@@ -314,6 +326,9 @@ def _traced(r: Routine, conv: Convention, typename) -> Entry:
         e.external = _external(r, conv, typename)
         e.vendor_flag = "call_vendor"
         if r.own == "external":
+            e.impl_call = ""
+        elif r.own == "private":
+            e.own = _private(r, conv, typename)
             e.impl_call = ""
     return e
 

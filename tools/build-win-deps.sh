@@ -35,7 +35,9 @@ source_tree() {
 }
 
 build_lapack() {
-  local stamp=$dir/lapack.done
+  # (all four precisions: the linear algebra chapters pair single-precision
+  # routines too, and the mixed-precision drivers call them)
+  local stamp=$dir/lapack-4.done
   [ -f "$stamp" ] && return 0
   local tree
   tree=$(source_tree lapack)
@@ -44,7 +46,7 @@ build_lapack() {
     -DCMAKE_TOOLCHAIN_FILE="$src/cmake/mingw-i686.cmake" \
     -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$prefix" \
     -DBUILD_SHARED_LIBS=OFF -DBUILD_TESTING=OFF -DTEST_FORTRAN_COMPILER=OFF \
-    -DCBLAS=OFF -DLAPACKE=OFF -DBUILD_SINGLE=OFF -DBUILD_COMPLEX=OFF \
+    -DCBLAS=OFF -DLAPACKE=OFF -DBUILD_SINGLE=ON -DBUILD_COMPLEX=ON \
     -DBUILD_DOUBLE=ON -DBUILD_COMPLEX16=ON >"$dir/lapack-configure.log"
   cmake --build "$dir/lapack-build" -j "$jobs" >"$dir/lapack-build.log"
   cmake --install "$dir/lapack-build" >/dev/null

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <complex>
 #include <cstring>
+#include <iterator>
 #include <new>
 #include <string>
 
@@ -287,11 +288,26 @@ double z99baft_(const int* call_vendor, const int* sorder, const int* n, const d
                 const int* incx, const double* dy, const int* incy);
 double z99bbf_(const char* norm, const int* m, const int* n, const double* a, const int* lda,
                double* work, std::size_t norm_len);
+double z99bdf_(const char* norm, const int* m, const int* n, const double* a, const int* lda,
+               double* work, std::size_t norm_len);
+double z99bdft_(const int* call_vendor, const int* sorder, const char* norm, const int* m,
+                const int* n, const double* a, const int* lda, double* work, const char* srname,
+                std::size_t norm_len, std::size_t srname_len);
 void dscal_(const int* n, const double* da, double* dx, const int* incx);
 void zscal_(const int* n, const std::complex<double>* za, std::complex<double>* zx,
             const int* incx);
 void z99bcf_(const int* n, const std::complex<double>* z, std::complex<double>* v,
              std::complex<double>* w, int* ifail);
+}
+
+// The private own path of Z99BDF: records what it received.
+std::string private_call;
+extern "C" double lbx_own_dlange_(const char* norm, const int*, const int*, const double*,
+                                  const int*, double*, const char* srname, std::size_t norm_len,
+                                  std::size_t srname_len)
+{
+    private_call = std::string(norm, norm_len) + " " + std::string(srname, srname_len);
+    return -1;
 }
 
 namespace lbx::shapes {
@@ -340,6 +356,20 @@ TEST(Shapes, PairedExternalOwnPathGetsOptionsWithLengthOne)
     int m = 2, n = 2;
     EXPECT_EQ(z99bbf_("1-norm", &m, &n, a, &m, work, 6), 6.0);
     EXPECT_DOUBLE_EQ(z99bbf_("Frobenius", &m, &n, a, &m, work, 9), std::sqrt(30.0));
+}
+
+TEST(Shapes, PrivateOwnPathTakesTheStandardArgumentsAndTheName)
+{
+    const double a[4] = {1, -3, 2, 4};
+    double work[2];
+    int m = 2, n = 2, vendor = 1, sorder = 1;
+    EXPECT_EQ(z99bdf_("Max", &m, &n, a, &m, work, 3), -1.0);
+    EXPECT_EQ(private_call, "M Z99BDF/DLANGE");
+    EXPECT_EQ(z99bdft_(&vendor, &sorder, "M", &m, &n, a, &m, work, "X", 1, 1), 4.0);
+    using lbx::shapes::standard_pairings;
+    ASSERT_EQ(std::size(standard_pairings), 3u);
+    EXPECT_EQ(standard_pairings[0].pairing, "Z99BAF/DDOT");
+    EXPECT_EQ(standard_pairings[2].pairing, "Z99BDF/DLANGE");
 }
 
 TEST(Shapes, ForwardsReachTheExternalRoutine)
