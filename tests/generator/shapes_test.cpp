@@ -293,9 +293,8 @@ double z99bdf_(const char* norm, const int* m, const int* n, const double* a, co
 double z99bdft_(const int* call_vendor, const int* sorder, const char* norm, const int* m,
                 const int* n, const double* a, const int* lda, double* work, const char* srname,
                 std::size_t norm_len, std::size_t srname_len);
-void dscal_(const int* n, const double* da, double* dx, const int* incx);
-void zscal_(const int* n, const std::complex<double>* za, std::complex<double>* zx,
-            const int* incx);
+void drscl_(const int* n, const double* sa, double* sx, const int* incx);
+void zdrscl_(const int* n, const double* sa, std::complex<double>* sx, const int* incx);
 void z99bcf_(const int* n, const std::complex<double>* z, std::complex<double>* v,
              std::complex<double>* w, int* ifail);
 }
@@ -375,16 +374,15 @@ TEST(Shapes, PrivateOwnPathTakesTheStandardArgumentsAndTheName)
 TEST(Shapes, ForwardsReachTheExternalRoutine)
 {
     double x[2] = {1.5, -2};
-    const double da = 2;
+    const double half = 0.5, two = 2;
     int n = 2, inc = 1;
-    dscal_(&n, &da, x, &inc);
+    drscl_(&n, &half, x, &inc);
     EXPECT_EQ(x[0], 3.0);
     EXPECT_EQ(x[1], -4.0);
     std::complex<double> z[2] = {{1, 1}, {0, 2}};
-    const std::complex<double> za{0, 1};
-    zscal_(&n, &za, z, &inc);
-    EXPECT_EQ(z[0], std::complex<double>(-1, 1));
-    EXPECT_EQ(z[1], std::complex<double>(-2, 0));
+    zdrscl_(&n, &two, z, &inc);
+    EXPECT_EQ(z[0], std::complex<double>(0.5, 0.5));
+    EXPECT_EQ(z[1], std::complex<double>(0, 1));
 }
 
 TEST(Shapes, ComplexArgumentsAndASharedMessage)
