@@ -501,12 +501,24 @@ void call_own(const Routine& r, Call& c, Data& d)
     r.own(c, d, std::string_view(buffer.data(), r.srname.size()));
 }
 
-TEST(BlasOwn, TableCoversTheRoutines)
+// The recording mode lasts for one test only: other suites of the chapter see
+// the reporter's normal mode.
+class BlasOwn : public ::testing::Test {
+protected:
+    void TearDown() override
+    {
+        unsetenv("TSLTESTING");
+        unsetenv("TSLTESTBLASENV");
+        unsetenv("TSLTESTBLASENVSRNAMT");
+    }
+};
+
+TEST_F(BlasOwn, TableCoversTheRoutines)
 {
     EXPECT_EQ(routines().size(), 52u);
 }
 
-TEST(BlasOwn, ValidCallMatchesExternalRoutine)
+TEST_F(BlasOwn, ValidCallMatchesExternalRoutine)
 {
     for (const Routine& r : routines()) {
         SCOPED_TRACE(r.name);
@@ -525,7 +537,7 @@ TEST(BlasOwn, ValidCallMatchesExternalRoutine)
     }
 }
 
-TEST(BlasOwn, BadArgumentReportedAndOutputsUntouched)
+TEST_F(BlasOwn, BadArgumentReportedAndOutputsUntouched)
 {
     for (const Routine& r : routines()) {
         // Each bad argument alone, then each with the next one checked.
