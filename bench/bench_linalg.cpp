@@ -7,7 +7,8 @@
 // Report (per call): chapter_ms, openblas_ms and ratio = chapter / openblas,
 // the figure to watch; the benchmark's own time is the chapter's.  Arguments:
 // n (order) and threads (OpenMP and the external library's threads alike).
-// Overhead/ times 1000 calls of a 1 x 1 x 1 matrix product.
+// Overhead/ times 1000 calls of a 1 x 1 x 1 matrix product.  F07ADGN, the
+// library's parallel LU, is measured against DGETRF the same way.
 #include <benchmark/benchmark.h>
 
 #include <dlfcn.h>
@@ -20,6 +21,7 @@
 #include <cstdlib>
 #include <random>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <omp.h>
@@ -54,17 +56,18 @@ using heev_t = void(const char*, const char*, const int*, zcomplex*, const int*,
 
 // The chapter's plain entries.
 extern "C" {
-gemm_t f06yaf_;   // DGEMM
-getri_t f07ajf_;  // DGETRI
-gelqf_t f08ahf_;  // DGELQF
-syev_t f08faf_;   // DSYEV
-syevd_t f08fcf_;  // DSYEVD
-gesvd_t f08kbf_;  // DGESVD
-geev_t f08naf_;   // DGEEV
-trtri_t f07tjf_;  // DTRTRI
-gels_t f08aaf_;   // DGELS
-sytrf_t f07mdf_;  // DSYTRF
-heev_t f08fnf_;   // ZHEEV
+gemm_t f06yaf_;    // DGEMM
+getri_t f07ajf_;   // DGETRI
+gelqf_t f08ahf_;   // DGELQF
+syev_t f08faf_;    // DSYEV
+syevd_t f08fcf_;   // DSYEVD
+gesvd_t f08kbf_;   // DGESVD
+geev_t f08naf_;    // DGEEV
+trtri_t f07tjf_;   // DTRTRI
+gels_t f08aaf_;    // DGELS
+sytrf_t f07mdf_;   // DSYTRF
+heev_t f08fnf_;    // ZHEEV
+getrf_t f07adgn_;  // DGETRF's factorization in a parallel region
 }
 
 namespace {
@@ -137,6 +140,19 @@ struct Gemm {
         const double one = 1.0, zero = 0.0;
         (chapter ? f06yaf_ : ext)("N", "N", &n, &n, &n, &one, a.data(), &n, b.data(), &n, &zero,
                                   c.data(), &n, 1, 1);
+    }
+};
+
+struct Getrf {
+    int n, info = 0;
+    std::vector<double> a0, a;
+    std::vector<int> ipiv;
+    explicit Getrf(int n_) : n(n_), a0(random_matrix(n, n, 15)), a(a0), ipiv(n) {}
+    void reset() { a = a0; }
+    void call(bool chapter)
+    {
+        static getrf_t* const ext = peer<getrf_t>("dgetrf_");
+        (chapter ? f07adgn_ : ext)(&n, &n, a.data(), &n, ipiv.data(), &info);
     }
 };
 
@@ -403,12 +419,20 @@ void compare(benchmark::State& state)
     set_threads(static_cast<int>(state.range(1)));
     Routine r(n);
     double chapter = 0.0, ext = 0.0;
+    // On several threads each call starts once the other side's helper
+    // threads (which spin a while after their work) have gone to sleep.
+    const auto settle = [&] {
+        if (state.range(1) > 1)
+            std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    };
     for (auto _ : state) {
         r.reset();
+        settle();
         const auto t0 = Clock::now();
         r.call(true);
         const auto t1 = Clock::now();
         r.reset();
+        settle();
         const auto t2 = Clock::now();
         r.call(false);
         const auto t3 = Clock::now();
@@ -468,6 +492,7 @@ void add(const char* name)
 
 [[maybe_unused]] const bool registered = [] {
     add<Gemm>("F06YAF:DGEMM");
+    add<Getrf>("F07ADGN:DGETRF");
     add<Getri>("F07AJF:DGETRI");
     add<Gelqf>("F08AHF:DGELQF");
     add<Syev>("F08FAF:DSYEV");
