@@ -1,0 +1,389 @@
+#!/usr/bin/env python3
+"""Writes tests/data/linalg_error_exits.txt, the error-exit cases of the F07/F08 own path.
+
+    python3 tools/linalg_error_exits.py LAPACK_SOURCE_DIR [--linalg DIR] [--out FILE]
+
+LAPACK_SOURCE_DIR is an unpacked reference LAPACK 3.11 source tree (its SRC/
+folder holds dgetri.f, ...).  Run by a developer, not by the build; the table
+is committed.
+
+For every paired row of linalg/routines-f07.toml and routines-f08.toml whose
+own path is the reference routine (own = "private"), the tool reads the
+standard routine's prototype from the chapter's catalogue files and the
+routine's reference source, and writes:
+
+* one valid call: options set to the first value the source tests with
+  LSAME, dimensions 0, leading dimensions 1, workspace lengths 1000, every
+  other integer 0 unless the source's checks need more (SMLSIZ >= 3, ...);
+* for every argument the source's checks report (each ``INFO = -k`` of the
+  check block between the first ``INFO = 0`` and the first ``CALL XERBLA``),
+  the same call with argument k made bad and expected argument number k.
+
+The check block is read, not guessed: its IF/ELSE IF/END IF nesting, its
+logical IFs and its scalar assignments (``UPPER = LSAME( UPLO, 'U' )``,
+``LQUERY = ( LWORK.EQ.-1 )``, ``LWMIN = MAX( 1, 26*N )``) are kept; each
+condition is evaluated in Python with the call's values (ILAENV and other
+unknown quantities taken as 1).  A bad value is the first candidate (option
+'/'; leading dimensions and workspace lengths 0, then -1; other integers -1,
+0, 2, ...; reals -1, 2) that makes its own check and every enclosing IF
+true while every other check of the block stays false on the call without
+it; where the valid call must change for the check to be reached (RANGE =
+'V' before VU is tested, N = 1 where the test is guarded by N > 0) the case
+carries those changes before the bad argument.  Checks of array contents
+and checks no candidate reaches are listed as comments.
+
+Table lines (fields separated by " | "):
+
+    CHAPTER STANDARD | ARG:TYPE[=VALUE] ... | CHANGES | EXPECTED
+
+TYPE is i (integer), d (double), z (double complex), s (single), c (single
+complex), l (logical), a (character option); a trailing [] marks an array
+(allocated by the test and filled with canaries); a scalar without a value
+is an output.  CHANGES is "-" for the valid call or NAME=VALUE words, the last
+one the bad argument, the earlier ones adjustments of the valid call.
+EXPECTED is the argument number the reference source reports (0: none).
+"""
+
+from __future__ import annotations
+
+import argparse
+import itertools
+import re
+import sys
+import tomllib
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "exports"))
+import catalogue  # noqa: E402
+
+TYPE_CODES = {"integer": "i", "real": "d", "complex": "z", "single": "s", "csingle": "c",
+              "logical": "l", "character": "a"}
+WORK_LENGTH = 1000
+BAD_OPTION = "/"
+
+
+# ---------------------------------------------------------------- prototypes
+
+def read_arg(text: str, routine: str):
+    """(name, type, is_array, intent) of one prototype argument."""
+    typ = text.split()[0]
+    # The single-precision types are read as real/complex by older catalogue modules.
+    probe = text
+    if typ in ("single", "csingle") and typ not in catalogue._ARG_RE.pattern:
+        probe = ("real" if typ == "single" else "complex") + text[len(typ):]
+    a = catalogue.parse_arg(probe, routine)
+    return a.name, typ if typ in ("single", "csingle") else a.type, a.is_array, a.intent
+
+
+def load_rows(linalg: Path):
+    standards: dict[str, list] = {}
+    rows = []
+    for p in sorted(linalg.glob("routines*.toml")):
+        data = tomllib.loads(p.read_text())
+        for name, table in data.get("standard", {}).items():
+            standards[name] = [read_arg(t, name) for t in table.get("args", [])]
+        if p.name in ("routines-f07.toml", "routines-f08.toml"):
+            rows += [r for r in data.get("paired", []) if r.get("own") == "private"]
+    out = []
+    for r in rows:
+        if r["standard"] not in standards:
+            raise SystemExit(f"{r['name']}: no prototype for {r['standard']}")
+        out.append((r["name"], r["standard"], standards[r["standard"]]))
+    return out
+
+
+# ------------------------------------------------------------ Fortran reading
+
+def statements(source: str) -> list[str]:
+    """Executable lines, upper case, continuations joined, comments dropped."""
+    out: list[str] = []
+    for line in source.splitlines():
+        if not line or line[0] in "*Cc!":
+            continue
+        line = line.rstrip()
+        if "!" in line:
+            line = line[: line.index("!")]
+        if len(line) > 5 and line[5] not in " 0" and out:
+            out[-1] += " " + line[6:].strip()
+        else:
+            out.append(line[6:].strip() if len(line) > 6 else "")
+    return [s.upper() for s in out if s]
+
+
+def split_paren(text: str) -> tuple[str, str]:
+    """Text starting with '(' -> (inside, rest after the matching ')')."""
+    depth = 0
+    for i, ch in enumerate(text):
+        depth += ch == "("
+        depth -= ch == ")"
+        if depth == 0:
+            return text[1:i], text[i + 1:].strip()
+    raise ValueError(text)
+
+
+class Block:
+    """The check block: checks (k, guards), assignments (var, guards, expr)."""
+
+    def __init__(self, stmts: list[str]):
+        self.checks: dict[int, list[str]] = {}
+        self.assign: dict[str, list[tuple[list[str], str]]] = {}
+        self.letters: dict[str, list[str]] = {}
+        for s in stmts:
+            for opt, letter in re.findall(r"LSAME\(\s*([A-Z0-9_]+)\s*,\s*'(.)'\s*\)", s):
+                self.letters.setdefault(opt, [])
+                if letter not in self.letters[opt]:
+                    self.letters[opt].append(letter)
+        self.started = False  # checks count from the first INFO = 0
+        stack: list[str] = []  # the active branch condition of each open IF
+        for s in stmts:
+            if s.startswith("CALL XERBLA"):
+                break
+            m = re.match(r"^(ELSE\s*IF|IF)\s*(\(.*)$", s)
+            if m:
+                cond, rest = split_paren(m.group(2))
+                if rest == "THEN":
+                    if m.group(1) == "IF":
+                        stack.append(cond)
+                    else:
+                        stack[-1] = cond
+                    continue
+                self.simple(rest, stack + [cond])
+                continue
+            if s == "ELSE":
+                stack[-1] = ".TRUE."
+            elif re.fullmatch(r"END\s*IF", s):
+                stack.pop()
+            else:
+                self.simple(s, list(stack))
+
+    def simple(self, s: str, guards: list[str]):
+        if re.fullmatch(r"INFO\s*=\s*0", s):
+            self.started = True
+            return
+        m = re.fullmatch(r"INFO\s*=\s*-\s*(\d+)", s)
+        if m and self.started:
+            self.checks.setdefault(int(m.group(1)), guards)
+            return
+        m = re.fullmatch(r"([A-Z][A-Z0-9_]*)\s*=\s*(.+)", s)
+        if m and m.group(1) != "INFO":
+            self.assign.setdefault(m.group(1), []).append((guards, m.group(2)))
+
+
+def to_python(expr: str) -> str:
+    e = expr
+    for f, p in ((".LT.", " < "), (".LE.", " <= "), (".GT.", " > "), (".GE.", " >= "),
+                 (".EQ.", " == "), (".NE.", " != "), (".AND.", " and "), (".OR.", " or "),
+                 (".NOT.", " not "), (".TRUE.", " True "), (".FALSE.", " False ")):
+        e = e.replace(f, p)
+    e = re.sub(r"(\d)[DE]([+-]?\d)", r"\1e\2", e)
+    return e
+
+
+class Unknown(Exception):
+    pass
+
+
+class Env(dict):
+    """Names of one call: arguments, then the block's assignments, else 1."""
+
+    def __init__(self, block: Block, values: dict):
+        super().__init__(values)
+        self.block = block
+        self.busy: set[str] = set()
+        self["INFO"] = 0
+
+    def __missing__(self, name):
+        if name in FUNCTIONS:
+            return FUNCTIONS[name]
+        if name in self.busy or name not in self.block.assign:
+            return 1
+        self.busy.add(name)
+        try:
+            value = 1
+            for guards, expr in self.block.assign[name]:
+                try:
+                    if all(self.ev(g) for g in guards):
+                        value = self.ev(expr)
+                except Unknown:
+                    pass
+            return value
+        finally:
+            self.busy.discard(name)
+
+    def ev(self, expr: str):
+        try:
+            return eval(to_python(expr), {"__builtins__": {}}, self)  # noqa: S307
+        except Exception as e:  # an expression the evaluator cannot read
+            raise Unknown(f"{expr}: {e}") from e
+
+
+def lsame(a, b):
+    return isinstance(a, str) and a.upper() == b.upper()
+
+
+FUNCTIONS = {"LSAME": lsame, "MAX": max, "MIN": min, "ABS": abs, "INT": int,
+             "DBLE": float, "REAL": float, "MOD": lambda a, b: a % b,
+             "ILAENV": lambda *a: 1, "ILAENV2STAGE": lambda *a: 1,
+             "DLAMCH": lambda *a: 1.0, "SLAMCH": lambda *a: 1.0,
+             "SQRT": lambda x: x ** 0.5, "NINT": round, "LOG": lambda x: 1.0}
+
+
+# ------------------------------------------------------------------- cases
+
+def base_value(name: str, typ: str):
+    if typ == "character":
+        return None  # from the source's letters
+    if typ == "integer":
+        if name.startswith("LD"):
+            return 1
+        if name.startswith("L") and name.endswith("WORK"):
+            return WORK_LENGTH
+        return {"ILO": 1, "IL": 1}.get(name, 0)
+    if typ == "logical":
+        return False
+    return {"VU": 1.0}.get(name, 0.0)
+
+
+def candidates(name: str, typ: str):
+    if typ == "character":
+        return [BAD_OPTION]
+    if typ == "integer":
+        if name.startswith("LD") or (name.startswith("L") and name.endswith("WORK")):
+            return [0, -1]
+        return [-1, 0, 2, 3, 1000000]
+    if typ in ("real", "single"):
+        return [-1.0, 2.0, 0.0]
+    return []
+
+
+def fmt(value) -> str:
+    if isinstance(value, bool):
+        return "T" if value else "F"
+    if isinstance(value, float):
+        return repr(value)
+    return str(value)
+
+
+class Routine:
+    def __init__(self, chapter: str, standard: str, args, source: str):
+        self.chapter, self.standard, self.args = chapter, standard, args
+        self.block = Block(statements(source))
+        self.base: dict[str, object] = {}
+        for name, typ, is_array, intent in args:
+            if is_array or intent == "out":
+                continue
+            if typ == "character":
+                self.base[name] = (self.block.letters.get(name) or ["N"])[0]
+            else:
+                self.base[name] = base_value(name, typ)
+        self.notes: list[str] = []
+
+    def true(self, k: int, values: dict) -> bool:
+        env = Env(self.block, values)
+        return all(env.ev(g) for g in self.block.checks[k])
+
+    def reported(self, values: dict) -> list[int]:
+        out = []
+        for k in self.block.checks:
+            try:
+                if self.true(k, values):
+                    out.append(k)
+            except Unknown:
+                out.append(-k)
+        return out
+
+    def fix_base(self):
+        """Raise integers the checks refuse in the valid call (SMLSIZ >= 3, ...)."""
+        for _ in range(len(self.args)):
+            bad = [k for k in self.reported(self.base) if k > 0]
+            if not bad:
+                return True
+            name, typ = self.args[bad[0] - 1][:2]
+            for v in (1, 2, 3, 25, WORK_LENGTH):
+                if typ == "integer" and not self.true(bad[0], {**self.base, name: v}):
+                    self.base[name] = v
+                    break
+            else:
+                return False
+        return not [k for k in self.reported(self.base) if k > 0]
+
+    def adjustments(self):
+        """Changes of the valid call, fewest first."""
+        single = []
+        for name, typ, is_array, intent in self.args:
+            if is_array or intent == "out":
+                continue
+            if typ == "character":
+                single += [(name, c) for c in self.block.letters.get(name, []) if c != self.base[name]]
+            elif typ == "integer" and self.base[name] == 0:
+                single += [(name, 1)]
+        yield ()
+        for s in single:
+            yield (s,)
+        for s, t in itertools.combinations(single, 2):
+            if s[0] != t[0]:
+                yield (s, t)
+
+    def case(self, k: int):
+        name, typ, is_array, intent = self.args[k - 1]
+        if is_array or intent == "out":
+            return None, f"argument {k} ({name}) is an array or an output"
+        for adj in self.adjustments():
+            values = {**self.base, **dict(adj)}
+            try:
+                if self.reported(values):
+                    continue
+                for bad in candidates(name, typ):
+                    if self.reported({**values, name: bad}) == [k]:
+                        return list(adj) + [(name, bad)], None
+            except Unknown:
+                continue
+        return None, f"argument {k} ({name}): no candidate reaches its check"
+
+    def lines(self) -> list[str]:
+        head = f"{self.chapter} {self.standard}"
+        if not self.fix_base():
+            return [f"# {head}: no valid call found ({self.reported(self.base)})"]
+        words = []
+        for name, typ, is_array, intent in self.args:
+            code = TYPE_CODES[typ] + ("[]" if is_array else "")
+            if name in self.base:
+                code += "=" + fmt(self.base[name])
+            words.append(f"{name}:{code}")
+        call = " ".join(words)
+        out = [f"{head} | {call} | - | 0"]
+        for k in sorted(self.block.checks):
+            if k > len(self.args):
+                out.append(f"# {head}: check {k} beyond the argument list")
+                continue
+            changes, why = self.case(k)
+            if changes is None:
+                out.append(f"# {head}: {why}")
+                continue
+            text = " ".join(f"{n}={fmt(v)}" for n, v in changes)
+            out.append(f"{head} | {call} | {text} | {k}")
+        return out
+
+
+def main() -> int:
+    ap = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    ap.add_argument("lapack", type=Path)
+    ap.add_argument("--linalg", type=Path, default=ROOT / "linalg")
+    ap.add_argument("--out", type=Path, default=ROOT / "tests" / "data" / "linalg_error_exits.txt")
+    a = ap.parse_args()
+    lines = ["# Error exits of the F07/F08 own path: written by tools/linalg_error_exits.py",
+             "# from the catalogue's prototypes and the reference LAPACK 3.11 sources.",
+             "# CHAPTER STANDARD | ARG:TYPE[=VALUE] ... | CHANGES (last: the bad argument) | EXPECTED"]
+    for chapter, standard, args in sorted(load_rows(a.linalg)):
+        src = a.lapack / "SRC" / f"{standard.lower()}.f"
+        if not src.exists():
+            lines.append(f"# {chapter} {standard}: no reference source")
+            continue
+        lines += Routine(chapter, standard, args, src.read_text(errors="replace")).lines()
+    a.out.write_text("\n".join(lines) + "\n")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
