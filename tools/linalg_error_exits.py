@@ -135,7 +135,10 @@ class Block:
                 if letter not in self.letters[opt]:
                     self.letters[opt].append(letter)
         self.started = False  # checks count from the first INFO = 0
-        stack: list[str] = []  # the active branch condition of each open IF
+        self.returns: list[list[str]] = []  # guards of each RETURN before the report
+        self.before: dict[int, int] = {}  # check -> how many RETURNs precede it
+        # Each open IF: the conditions of its branches so far; the last is active.
+        stack: list[list[str]] = []
         for s in stmts:
             if s.startswith("CALL XERBLA"):
                 break
@@ -144,18 +147,26 @@ class Block:
                 cond, rest = split_paren(m.group(2))
                 if rest == "THEN":
                     if m.group(1) == "IF":
-                        stack.append(cond)
+                        stack.append([cond])
                     else:
-                        stack[-1] = cond
+                        stack[-1].append(cond)
                     continue
-                self.simple(rest, stack + [cond])
+                self.simple(rest, self.guards(stack) + [cond])
                 continue
             if s == "ELSE":
-                stack[-1] = ".TRUE."
+                stack[-1].append(".TRUE.")
             elif re.fullmatch(r"END\s*IF", s):
                 stack.pop()
             else:
-                self.simple(s, list(stack))
+                self.simple(s, self.guards(stack))
+
+    @staticmethod
+    def guards(stack: list[list[str]]) -> list[str]:
+        """The active branch of every open IF: its condition, earlier ones false."""
+        out = []
+        for branches in stack:
+            out += [f".NOT.({c})" for c in branches[:-1]] + [branches[-1]]
+        return out
 
     def simple(self, s: str, guards: list[str]):
         if re.fullmatch(r"INFO\s*=\s*0", s):
@@ -163,7 +174,13 @@ class Block:
             return
         m = re.fullmatch(r"INFO\s*=\s*-\s*(\d+)", s)
         if m and self.started:
-            self.checks.setdefault(int(m.group(1)), guards)
+            k = int(m.group(1))
+            if k not in self.checks:
+                self.checks[k] = guards
+                self.before[k] = len(self.returns)
+            return
+        if s == "RETURN":
+            self.returns.append(guards)
             return
         m = re.fullmatch(r"([A-Z][A-Z0-9_]*)\s*=\s*(.+)", s)
         if m and m.group(1) != "INFO":
@@ -281,6 +298,9 @@ class Routine:
 
     def true(self, k: int, values: dict) -> bool:
         env = Env(self.block, values)
+        for guards in self.block.returns[: self.block.before[k]]:
+            if all(env.ev(g) for g in guards):
+                return False  # a quick return comes first
         return all(env.ev(g) for g in self.block.checks[k])
 
     def reported(self, values: dict) -> list[int]:
@@ -330,6 +350,8 @@ class Routine:
         if is_array or intent == "out":
             return None, f"argument {k} ({name}) is an array or an output"
         for adj in self.adjustments():
+            if any(n == name for n, _ in adj):
+                continue
             values = {**self.base, **dict(adj)}
             try:
                 if self.reported(values):
