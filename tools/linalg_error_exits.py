@@ -122,6 +122,20 @@ def split_paren(text: str) -> tuple[str, str]:
     raise ValueError(text)
 
 
+def split_top(text: str) -> list[str]:
+    """Comma-separated items outside parentheses."""
+    out, depth, cur = [], 0, ""
+    for ch in text:
+        if ch == "," and depth == 0:
+            out.append(cur)
+            cur = ""
+            continue
+        depth += ch == "("
+        depth -= ch == ")"
+        cur += ch
+    return out + [cur]
+
+
 class Block:
     """The check block: checks (k, guards), assignments (var, guards, expr)."""
 
@@ -134,6 +148,7 @@ class Block:
                 self.letters.setdefault(opt, [])
                 if letter not in self.letters[opt]:
                     self.letters[opt].append(letter)
+        self.called: set[str] = set()  # names passed to a CALL in the block
         self.started = False  # checks count from the first INFO = 0
         self.returns: list[list[str]] = []  # guards of each RETURN before the report
         self.before: dict[int, int] = {}  # check -> how many RETURNs precede it
@@ -169,6 +184,17 @@ class Block:
         return out
 
     def simple(self, s: str, guards: list[str]):
+        m = re.fullmatch(r"CALL\s+[A-Z0-9_]+\s*\((.*)\)", s)
+        if m:
+            # What a called routine sets is not known here.
+            self.called |= {w.strip() for w in split_top(m.group(1))}
+            return
+        m = re.fullmatch(r"PARAMETER\s*\((.*)\)", s)
+        if m:
+            for item in split_top(m.group(1)):
+                name, _, expr = item.partition("=")
+                self.assign.setdefault(name.strip(), []).append(([], expr.strip()))
+            return
         if re.fullmatch(r"INFO\s*=\s*0", s):
             self.started = True
             return
@@ -213,6 +239,8 @@ class Env(dict):
     def __missing__(self, name):
         if name in FUNCTIONS:
             return FUNCTIONS[name]
+        if name in self.block.called:
+            raise KeyError(name)
         if name in self.busy or name not in self.block.assign:
             return 1
         self.busy.add(name)
@@ -313,20 +341,43 @@ class Routine:
                 out.append(-k)
         return out
 
-    def fix_base(self):
-        """Raise integers the checks refuse in the valid call (SMLSIZ >= 3, ...)."""
+    def repair(self, values: dict, frozen) -> tuple[dict, list] | None:
+        """Change arguments outside `frozen` until no check refuses the call
+        (SMLSIZ >= 3, JOBZ = 'N' where only that is supported, ...)."""
+        values, changed = dict(values), []
         for _ in range(len(self.args)):
-            bad = [k for k in self.reported(self.base) if k > 0]
+            bad = [k for k in self.reported(values) if k > 0]
             if not bad:
-                return True
-            name, typ = self.args[bad[0] - 1][:2]
-            for v in (1, 2, 3, 25, WORK_LENGTH):
-                if typ == "integer" and not self.true(bad[0], {**self.base, name: v}):
-                    self.base[name] = v
-                    break
+                return values, changed
+            name, typ, is_array, intent = self.args[bad[0] - 1]
+            if name in frozen or is_array or intent == "out":
+                return None
+            if typ == "character":
+                tries = self.block.letters.get(name, [])
+            elif typ == "integer":
+                tries = [1, 2, 3, 25, WORK_LENGTH]
+            elif typ in ("real", "single"):
+                tries = [0.0, 1.0, 2.0]
             else:
-                return False
-        return not [k for k in self.reported(self.base) if k > 0]
+                tries = []
+            for v in tries:
+                try:
+                    if v != values[name] and not self.true(bad[0], {**values, name: v}):
+                        values[name] = v
+                        changed.append((name, v))
+                        break
+                except Unknown:
+                    continue
+            else:
+                return None
+        return None
+
+    def fix_base(self):
+        fixed = self.repair(self.base, ())
+        if fixed is None:
+            return False
+        self.base = fixed[0]
+        return True
 
     def adjustments(self):
         """Changes of the valid call, fewest first."""
@@ -352,13 +403,17 @@ class Routine:
         for adj in self.adjustments():
             if any(n == name for n, _ in adj):
                 continue
-            values = {**self.base, **dict(adj)}
             try:
-                if self.reported(values):
+                # The bad argument itself may need a valid value first (IFST
+                # within 1..N once N > 0): the bad value replaces it.
+                fixed = self.repair({**self.base, **dict(adj)}, {n for n, _ in adj})
+                if fixed is None or self.reported(fixed[0]):
                     continue
+                values = fixed[0]
+                extra = [(n, v) for n, v in fixed[1] if n != name]
                 for bad in candidates(name, typ):
                     if self.reported({**values, name: bad}) == [k]:
-                        return list(adj) + [(name, bad)], None
+                        return list(adj) + extra + [(name, bad)], None
             except Unknown:
                 continue
         return None, f"argument {k} ({name}): no candidate reaches its check"
