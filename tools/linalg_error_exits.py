@@ -144,7 +144,10 @@ class Block:
         self.assign: dict[str, list[tuple[list[str], str]]] = {}
         self.letters: dict[str, list[str]] = {}
         for s in stmts:
-            for opt, letter in re.findall(r"LSAME\(\s*([A-Z0-9_]+)\s*,\s*'(.)'\s*\)", s):
+            found = re.findall(r"LSAME\(\s*([A-Z0-9_]+)\s*,\s*'(.)'\s*\)", s)
+            found += re.findall(r"\b([A-Z][A-Z0-9_]*)\s*\.EQ\.\s*'(.)'", s)  # UPLO.EQ.'U'
+            for opt, letter in found:
+                letter = letter.upper()
                 self.letters.setdefault(opt, [])
                 if letter not in self.letters[opt]:
                     self.letters[opt].append(letter)
@@ -338,7 +341,10 @@ class Routine:
                 if self.true(k, values):
                     out.append(k)
             except Unknown:
-                out.append(-k)
+                # Checks of array contents (IBLOCK ordered, ...) are not
+                # evaluated; the canaries keep loops over them empty or short.
+                if k > len(self.args) or not self.args[k - 1][2]:
+                    out.append(-k)
         return out
 
     def repair(self, values: dict, frozen) -> tuple[dict, list] | None:
@@ -360,11 +366,18 @@ class Routine:
                 tries = [0.0, 1.0, 2.0]
             else:
                 tries = []
-            for v in tries:
+            # The refused argument alone, or with a dimension of its check
+            # raised to 1 (IFST within 1..N needs N >= 1).
+            check = " ".join(self.block.checks[bad[0]])
+            helpers = [()] + [((n, 1),) for n, t, arr, it in self.args
+                              if t == "integer" and not arr and it != "out" and n not in frozen
+                              and n != name and values.get(n) == 0 and re.search(rf"\b{n}\b", check)]
+            for helper, v in itertools.product(helpers, tries):
+                trial = {**values, **dict(helper), name: v}
                 try:
-                    if v != values[name] and not self.true(bad[0], {**values, name: v}):
-                        values[name] = v
-                        changed.append((name, v))
+                    if v != values[name] and not self.true(bad[0], trial):
+                        values = trial
+                        changed += list(helper) + [(name, v)]
                         break
                 except Unknown:
                     continue
@@ -399,7 +412,14 @@ class Routine:
     def case(self, k: int):
         name, typ, is_array, intent = self.args[k - 1]
         if is_array or intent == "out":
-            return None, f"argument {k} ({name}) is an array or an output"
+            # A number that is not the position of the argument its check
+            # tests (LWORK reported as 24 of 24): the one scalar input named.
+            check = self.block.checks[k][-1] if self.block.checks[k] else ""
+            named = [a for a in self.args if not a[2] and a[3] != "out" and a[0] != "INFO"
+                     and re.search(rf"\b{a[0]}\b", check)]
+            if len(named) != 1:
+                return None, f"argument {k} ({name}) is an array or an output"
+            name, typ, is_array, intent = named[0]
         for adj in self.adjustments():
             if any(n == name for n, _ in adj):
                 continue

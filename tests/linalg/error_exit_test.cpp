@@ -6,6 +6,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cmath>
@@ -156,6 +157,19 @@ void fill_canary(char type, std::vector<unsigned char>& buf)
     }
 }
 
+// The arrays of a valid call, which computes where a dimension is 1: zero
+// reals, and integers 1 (a valid pivot index).
+void fill_valid(char type, std::vector<unsigned char>& buf)
+{
+    std::fill(buf.begin(), buf.end(), 0);
+    if (type == 'i') {
+        const std::int32_t one = 1;
+        for (std::size_t at = 0; at + 4 <= buf.size(); at += 4) {
+            std::memcpy(&buf[at], &one, 4);
+        }
+    }
+}
+
 void store(const Param& p, const std::string& value, std::vector<unsigned char>& buf)
 {
     switch (p.type) {
@@ -200,7 +214,11 @@ struct Call {
         for (std::size_t i = 0; i < c.params.size(); ++i) {
             const Param& p = c.params[i];
             std::vector<unsigned char> buf(element_size(p.type) * (p.array ? array_elements : 1));
-            fill_canary(p.type, buf);
+            if (c.expected != 0 || !p.array) {
+                fill_canary(p.type, buf);
+            } else {
+                fill_valid(p.type, buf);
+            }
             if (!p.array && !p.output) {
                 std::string value = p.value;
                 for (const auto& [n, v] : c.changes) {
@@ -377,7 +395,8 @@ void check_chapter(const std::string& chapter)
         if (called != (c.expected != 0 ? 1 : 0)) {
             wrong += " call flag " + std::to_string(called);
         }
-        if (a.info(c) != -c.expected) {
+        // A valid call may still find a singular matrix (INFO > 0).
+        if (c.expected != 0 ? a.info(c) != -c.expected : a.info(c) < 0) {
             wrong += " INFO " + std::to_string(a.info(c));
         }
         if (c.expected != 0) {
@@ -422,7 +441,8 @@ TEST(ErrorExits, TableAgreesWithExternalLibrary)
         Call a(c);
         run(f, a, false);
         // Some of its routines report without storing INFO.
-        if (a.info(c) != -c.expected && a.info(c) != integer_canary) {
+        const bool agrees = c.expected != 0 ? a.info(c) == -c.expected : a.info(c) >= 0;
+        if (!agrees && a.info(c) != integer_canary) {
             failures += "\n  " + c.label() + ": expected " + std::to_string(c.expected) +
                         ", INFO " + std::to_string(a.info(c));
         }
