@@ -40,7 +40,9 @@ TYPE is i (integer), d (double), z (double complex), s (single), c (single
 complex), l (logical), a (character option); a trailing [] marks an array
 (allocated by the test and filled with canaries); a scalar without a value
 is an output.  CHANGES is "-" for the valid call or NAME=VALUE words, the last
-one the bad argument, the earlier ones adjustments of the valid call.
+one the bad argument (the last two in a case of check order: the argument the
+source checks first is reported), the earlier ones adjustments of the valid
+call.
 EXPECTED is the argument number the reference source reports (0: none).
 """
 
@@ -450,6 +452,7 @@ class Routine:
             words.append(f"{name}:{code}")
         call = " ".join(words)
         out = [f"{head} | {call} | - | 0"]
+        single: dict[int, list] = {}
         for k in sorted(self.block.checks):
             if k > len(self.args):
                 out.append(f"# {head}: check {k} beyond the argument list")
@@ -458,9 +461,36 @@ class Routine:
             if changes is None:
                 out.append(f"# {head}: {why}")
                 continue
+            single[k] = changes
+            text = " ".join(f"{n}={fmt(v)}" for n, v in changes)
+            out.append(f"{head} | {call} | {text} | {k}")
+        for changes, k in self.order_cases(single):
             text = " ".join(f"{n}={fmt(v)}" for n, v in changes)
             out.append(f"{head} | {call} | {text} | {k}")
         return out
+
+    def order_cases(self, single: dict[int, list]):
+        """Two bad arguments at once: the one the source checks first is
+        reported.  One pair where that is the later argument, if any, and the
+        pair of the last two checks that resolve."""
+        found = []
+        for k1, k2 in itertools.combinations(sorted(single), 2):
+            merged = dict(single[k1][:-1])
+            if any(merged.get(n, v) != v for n, v in single[k2][:-1]):
+                continue
+            merged.update(dict(single[k2][:-1]))
+            bad = [single[k1][-1], single[k2][-1]]
+            if bad[0][0] == bad[1][0] or any(n in merged for n, _ in bad):
+                continue
+            try:
+                got = self.reported({**self.base, **merged, **dict(bad)})
+            except Unknown:
+                continue
+            if len(got) == 1 and got[0] in (k1, k2):
+                found.append((list(merged.items()) + bad, got[0], k2))
+        later = [f for f in found if f[1] == f[2]]
+        out = later[:1] + [f for f in found if f[1] != f[2]][-1:]
+        return [(changes, k) for changes, k, _ in out]
 
 
 def main() -> int:
