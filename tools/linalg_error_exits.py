@@ -16,7 +16,8 @@ routine's reference source, and writes:
   LSAME, dimensions 0, leading dimensions 1, workspace lengths 1000, every
   other integer 0 unless the source's checks need more (SMLSIZ >= 3, ...);
 * for every argument the source's checks report (each ``INFO = -k`` of the
-  check block between the first ``INFO = 0`` and the first ``CALL XERBLA``),
+  check block between the first ``INFO = 0`` and the first ``CALL XERBLA``, or
+a later one where more checks follow closely),
   the same call with argument k made bad and expected argument number k.
 
 The check block is read, not guessed: its IF/ELSE IF/END IF nesting, its
@@ -159,9 +160,9 @@ class Block:
         self.before: dict[int, int] = {}  # check -> how many RETURNs precede it
         # Each open IF: the conditions of its branches so far; the last is active.
         stack: list[list[str]] = []
-        for s in stmts:
+        for s in stmts[: self.end(stmts)]:
             if s.startswith("CALL XERBLA"):
-                break
+                continue
             m = re.match(r"^(ELSE\s*IF|IF)\s*(\(.*)$", s)
             if m:
                 cond, rest = split_paren(m.group(2))
@@ -179,6 +180,21 @@ class Block:
                 stack.pop()
             else:
                 self.simple(s, self.guards(stack))
+
+    @staticmethod
+    def end(stmts: list[str]) -> int:
+        """The check block ends at the first report, or at a later one when
+        more checks follow it closely (workspace checked once options are)."""
+        reports = [i for i, s in enumerate(stmts) if s.startswith("CALL XERBLA")]
+        if not reports:
+            return len(stmts)
+        end = reports[0]
+        for nxt in reports[1:]:
+            between = stmts[end + 1:nxt]
+            if nxt - end > 60 or not any(re.fullmatch(r"INFO\s*=\s*-\s*\d+", s) for s in between):
+                break
+            end = nxt
+        return end
 
     @staticmethod
     def guards(stack: list[list[str]]) -> list[str]:
