@@ -517,7 +517,7 @@ def main() -> int:
     a = ap.parse_args()
     lines = ["# Error exits of the F07/F08 own path: written by tools/linalg_error_exits.py",
              "# from the catalogue's prototypes and the reference LAPACK 3.11 sources.",
-             "# CHAPTER STANDARD | ARG:TYPE[=VALUE] ... | CHANGES (last: the bad argument) | EXPECTED"]
+             "# CHAPTER STANDARD | ARG:TYPE[=VALUE] ... | CHANGES (last: the bad argument, two in a check-order case) | EXPECTED"]
     for chapter, standard, args in sorted(load_rows(a.linalg)):
         src = a.lapack / "SRC" / f"{standard.lower()}.f"
         if not src.exists():
