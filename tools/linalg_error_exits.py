@@ -427,7 +427,10 @@ class Routine:
             if s[0] != t[0]:
                 yield (s, t)
 
-    def case(self, k: int):
+    def case(self, k: int, letters: bool = False):
+        """Changes making argument k bad; with `letters`, bad by a value the
+        source accepts on its own but refuses with the other options
+        (JOBU = 'O' with JOBVT = 'O')."""
         name, typ, is_array, intent = self.args[k - 1]
         if is_array or intent == "out":
             # A number that is not the position of the argument its check
@@ -449,8 +452,9 @@ class Routine:
                     continue
                 values = fixed[0]
                 extra = [(n, v) for n, v in fixed[1] if n != name]
-                for bad in candidates(name, typ):
-                    if self.reported({**values, name: bad}) == [k]:
+                tries = self.block.letters.get(name, []) if letters else candidates(name, typ)
+                for bad in tries:
+                    if bad != values[name] and self.reported({**values, name: bad}) == [k]:
                         return list(adj) + extra + [(name, bad)], None
             except Unknown:
                 continue
@@ -480,6 +484,11 @@ class Routine:
             single[k] = changes
             text = " ".join(f"{n}={fmt(v)}" for n, v in changes)
             out.append(f"{head} | {call} | {text} | {k}")
+            if self.args[k - 1][1] == "character" and not self.args[k - 1][2]:
+                combined, _ = self.case(k, letters=True)
+                if combined is not None:
+                    text = " ".join(f"{n}={fmt(v)}" for n, v in combined)
+                    out.append(f"{head} | {call} | {text} | {k}")
         for changes, k in self.order_cases(single):
             text = " ".join(f"{n}={fmt(v)}" for n, v in changes)
             out.append(f"{head} | {call} | {text} | {k}")
