@@ -30,17 +30,17 @@
 // control returns.  In recording mode it compares -INFO with the expected
 // number and its records name F16AAZN.
 //
-// Records go through the frame's unit writer (X04BAFN), the stop is the
-// frame's (a Fortran STOP).  The environment is read and written with
-// getenv/setenv: not safe against another thread setting variables at once.
+// Records go through the frame's unit writer (one block per report, written
+// as X04BAF writes), the stop is the frame's (a Fortran STOP).  The environment is read and written
+// with getenv/setenv: not safe against another thread setting variables at once.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 #include <string_view>
 
 #include "frame/units.hpp"
-#include "gen/frame.hpp"
 #include "gen/linalg.hpp"
 
 namespace lbx::linalg {
@@ -78,9 +78,17 @@ private:
     std::size_t len_ = 0;
 };
 
-void write(int unit, const Record& rec)
+// The records as one block on unit (X04BAF's writing, one WRITE statement).
+// A function called inside the caller's own output statement on that unit
+// cannot write there until the statement ends: before a stop the records
+// then go to standard error, otherwise they follow when the unit is free.
+void write(int unit, std::initializer_list<const Record*> records, bool stopping = false)
 {
-    lbx::frame::X04BAFN(unit, rec.view());
+    lbx::frame::RecordBlock block;
+    for (const Record* r : records)
+        block.add(r->view());
+    if (!lbx::frame::write_block(unit, block) && stopping)
+        block.write_to_stderr();
 }
 
 std::string_view trim_right(std::string_view s)
@@ -163,7 +171,7 @@ void record_report(std::string_view reporter, std::string_view srname, long info
         if (expected != 0)
             rec.text(" INSTEAD OF ").integer(expected, 2);
         rec.text(" *******");
-        write(unit, rec);
+        write(unit, {&rec});
         pass = 0;
     }
     if (!fortran_equal(chapter_part, expected_name.view()) &&
@@ -171,7 +179,7 @@ void record_report(std::string_view reporter, std::string_view srname, long info
         Record rec;
         rec.text(" ******* ").text(reporter).text(" WAS CALLED WITH ROUTINE_NAME = ").text(srname);
         rec.text(" INSTEAD OF ").text(expected_name.view()).text(" *******");
-        write(unit, rec);
+        write(unit, {&rec});
         pass = 0;
     }
     called = 1;
@@ -204,7 +212,7 @@ void F06AAZN(std::string_view srname, int info)
         Record rec;
         rec.text(" ** On entry to ").text(srname).text(" parameter number ").integer(info, 2);
         rec.text(" had an illegal value");
-        write(output_unit, rec);
+        write(output_unit, {&rec}, true);
     }
     lbx::frame::stop_process();
 }
@@ -221,7 +229,7 @@ void F16AAZN(std::string_view srname, int info, int val)
                 .integer(info, 5)
                 .text(" raised by routine ")
                 .text(name);
-        write(output_unit, rec);
+        write(output_unit, {&rec});
         return;
     }
     const long argument = -static_cast<long>(info);
@@ -238,8 +246,7 @@ void F16AAZN(std::string_view srname, int info, int val)
         Record first, second;
         first.text(" ** On entry to ").text(name).text(", parameter number").integer(argument, 3);
         second.text(" ** had the illegal value of").integer(val, 12);
-        write(output_unit, first);
-        write(output_unit, second);
+        write(output_unit, {&first, &second}, true);
     }
     lbx::frame::stop_process();
 }
