@@ -30,8 +30,9 @@
 // every element computed whatever ALPHA and BETA are.
 //
 // Unit strides take loops the compiler vectorizes; the extreme values are
-// found in two passes, a reduction over four independent partial results, then
-// a search for the first element equal to it.
+// found in two passes, a vectorized reduction, then a search, block by
+// block, for the first element equal to its result.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <string_view>
@@ -74,10 +75,11 @@ T pair_sum(int n, const T* x, int incx)
     return s;
 }
 
-// Index (0-based) and key of the first element whose key is best by better
-// (a strict comparison), over n >= 1 elements.
-template <class Key, class Better>
-void first_extreme(Index n, Key key, Better better, int& k, double& r)
+// Index (1-based) and key of the first element whose key is the largest
+// (smallest), over n >= 1 elements, as a scan with a strict comparison finds
+// it: a NaN key never replaces a number, a NaN first key is the result.
+template <bool largest, class Key>
+void first_extreme(Index n, Key key, int& k, double& r)
 {
     const double first = key(0);
     if (std::isnan(first)) {
@@ -85,32 +87,43 @@ void first_extreme(Index n, Key key, Better better, int& k, double& r)
         r = first;
         return;
     }
-    constexpr int lanes = 4;
-    double part[lanes] = {first, first, first, first};
-    Index i = 1;
-    for (; i + lanes <= n; i += lanes) {
-        for (int j = 0; j < lanes; ++j) {
-            const double v = key(i + j);
-            part[j] = better(v, part[j]) ? v : part[j];
+    // The best key: a NaN compares false and is never taken, so every
+    // partial result stays a number.
+    double m = first;
+    if constexpr (largest) {
+#pragma omp simd reduction(max : m)
+        for (Index i = 1; i < n; ++i) {
+            const double v = key(i);
+            m = v > m ? v : m;
+        }
+    } else {
+#pragma omp simd reduction(min : m)
+        for (Index i = 1; i < n; ++i) {
+            const double v = key(i);
+            m = v < m ? v : m;
         }
     }
-    for (; i < n; ++i) {
-        const double v = key(i);
-        part[0] = better(v, part[0]) ? v : part[0];
-    }
-    double m = part[0];
-    for (int j = 1; j < lanes; ++j)
-        m = better(part[j], m) ? part[j] : m;
-    for (i = 0; i < n; ++i) {
-        if (key(i) == m)
+    // The first element with that key (there is one: m is a key, not a NaN):
+    // the block that holds it, then the element within the block.
+    constexpr int block = 16;
+    Index b = 0;
+    for (; b + block <= n; b += block) {
+        bool hit = false;
+#pragma omp simd reduction(| : hit)
+        for (int j = 0; j < block; ++j)
+            hit |= key(b + j) == m;
+        if (hit)
             break;
     }
+    Index i = b;
+    while (i + 1 < n && !(key(i) == m))
+        ++i;
     k = static_cast<int>(i + 1);
     r = key(i);
 }
 
-template <class Key, class Better>
-void extreme(std::string_view pairing, int n, int incx, Key key, Better better, int& k, double& r)
+template <bool largest, class Key>
+void extreme(std::string_view pairing, int n, int incx, Key key, int& k, double& r)
 {
     k = 0;
     r = 0;
@@ -118,14 +131,11 @@ void extreme(std::string_view pairing, int n, int incx, Key key, Better better, 
         return;
     const Index inc = incx < 0 ? -static_cast<Index>(incx) : incx;
     if (inc == 1)
-        first_extreme(n, key, better, k, r);
+        first_extreme<largest>(n, key, k, r);
     else
-        first_extreme(
-            n, [&](Index i) { return key(i * inc); }, better, k, r);
+        first_extreme<largest>(
+            n, [&](Index i) { return key(i * inc); }, k, r);
 }
-
-constexpr auto greater = [](double a, double b) { return a > b; };
-constexpr auto less = [](double a, double b) { return a < b; };
 
 double abs1(const Complex& z)
 {
@@ -225,38 +235,38 @@ void BLAS_ZAXPBY(int n, Complex alpha, const Complex* x, int incx, Complex beta,
 
 void F16JNFN(int n, const double* x, int incx, int& k, double& r)
 {
-    extreme(
-        "F16JNF/BLAS_DMAX_VAL", n, incx, [x](Index i) { return x[i]; }, greater, k, r);
+    extreme<true>(
+        "F16JNF/BLAS_DMAX_VAL", n, incx, [x](Index i) { return x[i]; }, k, r);
 }
 
 void F16JPFN(int n, const double* x, int incx, int& k, double& r)
 {
-    extreme(
-        "F16JPF/BLAS_DMIN_VAL", n, incx, [x](Index i) { return x[i]; }, less, k, r);
+    extreme<false>(
+        "F16JPF/BLAS_DMIN_VAL", n, incx, [x](Index i) { return x[i]; }, k, r);
 }
 
 void F16JQFN(int n, const double* x, int incx, int& k, double& r)
 {
-    extreme(
-        "F16JQF/BLAS_DAMAX_VAL", n, incx, [x](Index i) { return std::fabs(x[i]); }, greater, k, r);
+    extreme<true>(
+        "F16JQF/BLAS_DAMAX_VAL", n, incx, [x](Index i) { return std::fabs(x[i]); }, k, r);
 }
 
 void F16JRFN(int n, const double* x, int incx, int& k, double& r)
 {
-    extreme(
-        "F16JRF/BLAS_DAMIN_VAL", n, incx, [x](Index i) { return std::fabs(x[i]); }, less, k, r);
+    extreme<false>(
+        "F16JRF/BLAS_DAMIN_VAL", n, incx, [x](Index i) { return std::fabs(x[i]); }, k, r);
 }
 
 void F16JSFN(int n, const Complex* x, int incx, int& k, double& r)
 {
-    extreme(
-        "F16JSF/BLAS_ZAMAX_VAL", n, incx, [x](Index i) { return abs1(x[i]); }, greater, k, r);
+    extreme<true>(
+        "F16JSF/BLAS_ZAMAX_VAL", n, incx, [x](Index i) { return abs1(x[i]); }, k, r);
 }
 
 void F16JTFN(int n, const Complex* x, int incx, int& k, double& r)
 {
-    extreme(
-        "F16JTF/BLAS_ZAMIN_VAL", n, incx, [x](Index i) { return abs1(x[i]); }, less, k, r);
+    extreme<false>(
+        "F16JTF/BLAS_ZAMIN_VAL", n, incx, [x](Index i) { return abs1(x[i]); }, k, r);
 }
 
 }  // namespace lbx::linalg

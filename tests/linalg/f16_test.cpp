@@ -140,8 +140,9 @@ TEST(F16, ScaledSums)
                     for (int i = 0; i < n; ++i)
                         ASSERT_EQ(w[at(n, incw, i)], a * x[at(n, incx, i)] + b * y[at(n, incy, i)])
                             << n << " " << incx << " " << i;
-                    if (std::abs(incw) > 1)
+                    if (std::abs(incw) > 1) {
                         EXPECT_EQ(w[1], -99);  // between the elements: untouched
+                    }
                 }
                 for (ZWaxpby f : {f16ghf_, blas_zwaxpby_}) {
                     std::vector<Z> w(span_of(n, incw), -99);
@@ -236,6 +237,29 @@ TEST(F16, ExtremeValues)
                     }
                 }
             }
+}
+
+// A NaN is never chosen over a number; a NaN first element is the result.
+TEST(F16, ExtremeValuesSkipNaN)
+{
+    const double nan = std::nan("");
+    std::vector<double> x(40);
+    for (int i = 0; i < 40; ++i)
+        x[i] = i % 7 - 3.5;
+    x[17] = nan;
+    x[33] = nan;
+    int n = 40, one = 1, k = 0;
+    double r = 0;
+    blas_dmax_val_(&n, x.data(), &one, &k, &r);
+    EXPECT_EQ(k, 7);  // the first 2.5
+    EXPECT_EQ(r, 2.5);
+    blas_damin_val_(&n, x.data(), &one, &k, &r);
+    EXPECT_EQ(k, 4);  // the first |-0.5|
+    EXPECT_EQ(r, 0.5);
+    x[0] = nan;
+    blas_dmin_val_(&n, x.data(), &one, &k, &r);
+    EXPECT_EQ(k, 1);
+    EXPECT_TRUE(std::isnan(r));
 }
 
 TEST(F16, ExtremeOfNothingIsZero)
