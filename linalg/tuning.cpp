@@ -32,7 +32,7 @@ namespace lbx::linalg {
 
 namespace {
 
-constexpr int nspec = 11;
+constexpr int row_length = 11;
 constexpr int nrows = 85;
 
 constexpr std::array<std::string_view, nrows> stems{
@@ -161,9 +161,9 @@ constexpr int row_values[nrows][4] = {
     {32, 2, 0, 0},    // F08YV ZTGSYL
 };
 
-constexpr int common_values[nspec - 4] = {2, 128, 1, 50, 25, 0, 0};
+constexpr int common_values[row_length - 4] = {2, 128, 1, 50, 25, 0, 0};
 
-using Row = std::array<std::atomic<int>, nspec>;
+using Row = std::array<std::atomic<int>, row_length>;
 
 constexpr Row make_row(int r)
 {
@@ -206,7 +206,7 @@ void F07ZAZN(int ispec, std::string_view name, int& ival, int setget)
     const bool set = setget == 1;
     const int row = tuning_row(name);
     int error = 0;
-    if (ispec < 1 || ispec > nspec)
+    if (ispec < 1 || ispec > row_length)
         error = 1;
     else if (row < 0)
         error = 2;
