@@ -33,6 +33,20 @@ RESULT = {"integer": "int", "real": "double", "logical": "int", None: "void"}
 # another argument gives: the extents the caller must provide.
 LENGTH_RULES = {("Y90AJFT", "A"): ["LDA", "N"]}
 
+# BLAS vectors: 1 + (N - 1) |INC| elements (the C++ of an extent may use the
+# conditional operator; its names are the routine's arguments).
+_F16_VECTORS = {
+    ("F16EHF", "BLAS_DWAXPBY", "F16GHF", "BLAS_ZWAXPBY"): {"X": "INCX", "Y": "INCY", "W": "INCW"},
+    ("BLAS_DAXPBY", "BLAS_ZAXPBY"): {"X": "INCX", "Y": "INCY"},
+    ("F16ELF", "BLAS_DSUM", "F16GLF", "BLAS_ZSUM", "F16JNF", "BLAS_DMAX_VAL", "F16JPF",
+     "BLAS_DMIN_VAL", "F16JQF", "BLAS_DAMAX_VAL", "F16JRF", "BLAS_DAMIN_VAL", "F16JSF",
+     "BLAS_ZAMAX_VAL", "F16JTF", "BLAS_ZAMIN_VAL"): {"X": "INCX"},
+}
+for _routines, _vectors in _F16_VECTORS.items():
+    for _r in _routines:
+        for _v, _inc in _vectors.items():
+            LENGTH_RULES[(_r, _v)] = [f"1 + (N - 1) * ({_inc} < 0 ? -{_inc} : {_inc})"]
+
 
 def _dims(routine: str, a):
     return replace(a, dims=LENGTH_RULES.get((routine, a.name), a.dims))

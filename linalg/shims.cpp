@@ -1,0 +1,115 @@
+// The error reporter and the tuning enquiry of the library's private copy of
+// reference LAPACK: its xerbla_ and ilaenv_ calls reach these two.
+//
+// A standard name ("DGETRI", trailing blanks ignored, any case) is mapped to
+// its pairing name ("F07AJF/DGETRI") through the chapter's table of standard
+// names.  lbx_xerbla_ reports through F06AAZN under the pairing name, or under
+// the standard name itself when the routine has no pairing.  lbx_ilaenv_
+// answers ISPEC 1, 2 and 3 from the tuning table (F07ZAZN, by the pairing's
+// five-character stem and "FN": "F07AJFN") when the table knows the stem, and
+// leaves everything else to the reference ilaenv.
+#include "linalg/shims.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "gen/linalg.hpp"
+#include "linalg/pairings_tmp.hpp"
+#include "linalg/tuning.hpp"
+
+namespace lbx::linalg {
+
+namespace {
+
+// A standard name in upper case without trailing blanks (at most 16
+// characters kept).
+class StandardName {
+public:
+    StandardName(const char* s, std::size_t len)
+    {
+        while (len > 0 && s[len - 1] == ' ')
+            --len;
+        len_ = std::min(len, sizeof text_);
+        for (std::size_t i = 0; i < len_; ++i) {
+            const char c = s[i];
+            text_[i] = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+        }
+    }
+    std::string_view view() const { return {text_, len_}; }
+
+private:
+    char text_[16];
+    std::size_t len_ = 0;
+};
+
+// The pairing name of a standard name, empty when it has none.
+std::string_view pairing_of(std::string_view standard)
+{
+    const auto* first = std::begin(standard_pairings);
+    const auto* last = std::end(standard_pairings);
+    const auto* it = std::lower_bound(
+        first, last, standard,
+        [](const StandardPairing& p, std::string_view s) { return p.standard < s; });
+    return it != last && it->standard == standard ? it->pairing : std::string_view{};
+}
+
+// What the reference ilaenv answers for a name it does not know, should it be
+// missing from the link.
+int fallback_ilaenv(int ispec)
+{
+    switch (ispec) {
+        case 1:
+            return 1;
+        case 2:
+            return 2;
+        case 3:
+            return 0;
+        default:
+            return -1;
+    }
+}
+
+}  // namespace
+
+}  // namespace lbx::linalg
+
+extern "C" void lbx_xerbla_(const char* srname, const int* info, std::size_t len)
+{
+    using namespace lbx::linalg;
+    const StandardName standard(srname, len);
+    const std::string_view pairing = pairing_of(standard.view());
+    if (!pairing.empty()) {
+        F06AAZN(pairing, *info);
+        return;
+    }
+    std::size_t n = len;
+    while (n > 0 && srname[n - 1] == ' ')
+        --n;
+    F06AAZN(std::string_view(srname, n), *info);
+}
+
+extern "C" int lbx_ilaenv_(const int* ispec, const char* name, const char* opts, const int* n1,
+                           const int* n2, const int* n3, const int* n4, std::size_t name_len,
+                           std::size_t opts_len)
+{
+    using namespace lbx::linalg;
+    if (*ispec >= 1 && *ispec <= 3) {
+        const std::string_view pairing = pairing_of(StandardName(name, name_len).view());
+        if (pairing.size() >= 5) {
+            char chapter_name[7];
+            std::copy_n(pairing.data(), 5, chapter_name);
+            chapter_name[5] = 'F';
+            chapter_name[6] = 'N';
+            const std::string_view key(chapter_name, 7);
+            if (tuning_row(key) >= 0) {
+                int value = 0;
+                F07ZAZN(*ispec, key, value, 0);
+                return value;
+            }
+        }
+    }
+    if (lbx_ref_ilaenv_ == nullptr)
+        return fallback_ilaenv(*ispec);
+    return lbx_ref_ilaenv_(ispec, name, opts, n1, n2, n3, n4, name_len, opts_len);
+}

@@ -1,0 +1,166 @@
+// F07ZAZN (the tuning table) and the reference LAPACK copy's ilaenv and xerbla
+// replacements, through the exported entries, with the reporters recording.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "lbx3207qk.h"
+#include "linalg/shims.hpp"
+#include "recording.hpp"
+
+namespace {
+
+using lbx_test::Recording;
+
+int get(int ispec, const std::string& name)
+{
+    int ival = -77, setget = 0;
+    f07zazn_(&ispec, name.data(), &ival, &setget, name.size());
+    return ival;
+}
+
+void set(int ispec, const std::string& name, int value)
+{
+    int setget = 1;
+    f07zazn_(&ispec, name.data(), &value, &setget, name.size());
+}
+
+// The values every caller relies on: ISPEC 1..4.
+struct Row {
+    const char* name;
+    int v[4];
+};
+constexpr Row fixed_rows[] = {
+    {"F07ADFN", {64, 0, 0, 0}},   {"F07AJFN", {64, 2, 0, 0}},   {"F07ARFN", {80, 0, 0, 0}},
+    {"F07AWFN", {56, 2, 0, 0}},   {"F07JEFN", {1, 0, 0, 0}},    {"F07MDFN", {1, 1, 0, 0}},
+    {"F07MRFN", {4, 2, 0, 0}},    {"F08AEFN", {112, 2, 0, 0}},  {"F08AKFN", {128, 2, 0, 0}},
+    {"F08NFFN", {16, 4, 0, 0}},   {"F08PEFN", {0, 0, 0, 2}},    {"F08PSFN", {0, 0, 0, 9}},
+    {"F07FCFN", {64, 3, 128, 2}}, {"F08FDFN", {32, 3, 128, 2}}, {"F08KBFN", {32, 3, 128, 2}},
+    {"F08MEVN", {0, 0, 0, 0}},    {"f07adfn", {64, 0, 0, 0}},   {"F08MEv", {0, 0, 0, 0}},
+};
+
+constexpr const char* all_stems[] = {
+    "F07AD", "F07AJ", "F07AR", "F07AW", "F07BD", "F07BR", "F07CE", "F07CS", "F07FC", "F07FD",
+    "F07FJ", "F07FQ", "F07FR", "F07FW", "F07HD", "F07HR", "F07JE", "F07JS", "F07KD", "F07KR",
+    "F07MD", "F07MR", "F07NR", "F07TJ", "F07TW", "F08AE", "F08AF", "F08AG", "F08AH", "F08AJ",
+    "F08AK", "F08AS", "F08AT", "F08AU", "F08AV", "F08AW", "F08AX", "F08BF", "F08BT", "F08CE",
+    "F08CF", "F08CG", "F08CH", "F08CJ", "F08CK", "F08CS", "F08CT", "F08CU", "F08CV", "F08CW",
+    "F08CX", "F08FD", "F08FE", "F08FG", "F08FR", "F08FS", "F08FU", "F08JD", "F08JH", "F08JJ",
+    "F08JV", "F08KA", "F08KB", "F08KC", "F08KE", "F08KF", "F08KG", "F08KN", "F08KP", "F08KQ",
+    "F08KS", "F08KT", "F08KU", "F08MD", "F08ME", "F08NE", "F08NF", "F08NS", "F08NT", "F08PE",
+    "F08PS", "F08SE", "F08SS", "F08YH", "F08YV"};
+
+TEST(Tuning, FixedValues)
+{
+    Recording rec(0, "NONE");
+    for (const Row& r : fixed_rows)
+        for (int ispec = 1; ispec <= 4; ++ispec)
+            EXPECT_EQ(get(ispec, r.name), r.v[ispec - 1]) << r.name << " ISPEC " << ispec;
+    EXPECT_FALSE(rec.called());
+}
+
+TEST(Tuning, EveryRowSharesIspec5To11AndBlocksWithin0To128)
+{
+    Recording rec(0, "NONE");
+    constexpr int common[] = {2, 128, 1, 50, 25, 0, 0};
+    for (const char* stem : all_stems) {
+        const std::string name = std::string(stem) + (std::strcmp(stem, "F08ME") == 0 ? "V" : "F");
+        for (int ispec = 5; ispec <= 11; ++ispec)
+            EXPECT_EQ(get(ispec, name), common[ispec - 5]) << name << " ISPEC " << ispec;
+        const int nb = get(1, name);
+        EXPECT_TRUE(nb >= 0 && nb <= 128) << name;
+    }
+    EXPECT_FALSE(rec.called());
+}
+
+// Error 1 (ISPEC) before error 2 (name); IVAL receives minus the number.
+struct Bad {
+    int ispec;
+    const char* name;
+    int info;
+};
+constexpr Bad bad_calls[] = {
+    {0, "F07ADF", 1}, {12, "F07ADF", 1}, {-5, "F07ADF", 1}, {0, "F99XXF", 1}, {1, "F99XXF", 2},
+    {1, "F08MEX", 2}, {1, "F08ME", 2},   {1, "F07A", 2},    {1, " F07AD", 2}, {11, "", 2},
+};
+
+TEST(Tuning, ErrorsInGetMode)
+{
+    for (const Bad& b : bad_calls) {
+        Recording rec(b.info, "ILAENV");
+        EXPECT_EQ(get(b.ispec, b.name), -b.info) << b.ispec << " " << b.name;
+        EXPECT_TRUE(rec.called()) << b.ispec << " " << b.name;
+        EXPECT_TRUE(rec.passed()) << b.ispec << " " << b.name << ": " << Recording::env();
+    }
+}
+
+TEST(Tuning, SetThenGet)
+{
+    Recording rec(0, "NONE");
+    set(1, "f07ajfn", 77);
+    set(3, "F08AEF", -5);
+    EXPECT_EQ(get(1, "F07AJF"), 77);
+    EXPECT_EQ(get(3, "F08AEFN"), -5);
+    EXPECT_EQ(get(1, "F07ADF"), 64);  // the neighbouring rows stay
+    EXPECT_EQ(get(1, "F07ARF"), 80);
+    set(1, "F07AJF", 64);
+    set(3, "F08AEF", 0);
+    EXPECT_FALSE(rec.called());
+}
+
+TEST(TuningDeathTest, SetWithAnErrorStops)
+{
+    EXPECT_EXIT(
+        {
+            Recording rec(2, "ILAENV");
+            set(1, "F99XXF", 5);
+            std::fprintf(stderr, "returned");
+        },
+        testing::ExitedWithCode(0), "^$");
+}
+
+int ilaenv(int ispec, const std::string& name)
+{
+    const int n = 100;
+    return lbx_ilaenv_(&ispec, name.data(), " ", &n, &n, &n, &n, name.size(), 1);
+}
+
+TEST(Shims, IlaenvReadsTheTableForPairedRoutines)
+{
+    Recording rec(0, "NONE");
+    EXPECT_EQ(ilaenv(1, "DGETRI"), 64);
+    EXPECT_EQ(ilaenv(2, "dgetri  "), 2);
+    EXPECT_EQ(ilaenv(1, "ZGETRF"), 80);
+    EXPECT_EQ(ilaenv(1, "DGEQRF"), 112);
+    EXPECT_EQ(ilaenv(2, "DORGHR"), 4);
+    set(1, "F07MDF", 9);
+    EXPECT_EQ(ilaenv(1, "DSYTRF"), 9);
+    set(1, "F07MDF", 1);
+    // Not in the table (F07AE, F08ME without V): the reference answer, 1.
+    EXPECT_EQ(ilaenv(1, "DGETRS"), 1);
+    EXPECT_EQ(ilaenv(1, "DBDSQR"), 1);
+    EXPECT_FALSE(rec.called());
+}
+
+struct Xerbla {
+    const char* standard;
+    int info;
+    const char* expected;  // what a recording test may name
+};
+constexpr Xerbla xerbla_calls[] = {
+    {"DGETRI", 3, "F07AJF"}, {"dgetri ", 3, "F07AJF"}, {"ZHETRF", 7, "F07MRF"},
+    {"DLASWP", 2, "DLASWP"}, {"DGETRF", 4, "DGETRF"},
+};
+
+TEST(Shims, XerblaReportsUnderThePairingName)
+{
+    for (const Xerbla& x : xerbla_calls) {
+        Recording rec(x.info, x.expected);
+        lbx_xerbla_(x.standard, &x.info, std::strlen(x.standard));
+        EXPECT_TRUE(rec.called()) << x.standard;
+        EXPECT_TRUE(rec.passed()) << x.standard;
+    }
+}
+
+}  // namespace
