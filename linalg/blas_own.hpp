@@ -16,13 +16,7 @@
 #include <string_view>
 
 #include "frame/fail.hpp"
-
-namespace lbx::linalg {
-
-// The illegal-argument reporter of the chapter's own paths.
-void F06AAZN(std::string_view srname, int info);
-
-}  // namespace lbx::linalg
+#include "gen/linalg.hpp"
 
 extern "C" {
 

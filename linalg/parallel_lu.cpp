@@ -27,7 +27,6 @@
 
 #include "gen/linalg.hpp"
 #include "linalg/kernels.hpp"
-#include "linalg/parallel_lu.hpp"
 
 LBX_EXTERNAL_ROUTINE(dgemm_,
                      void(const char*, const char*, const int*, const int*, const int*,

@@ -15,7 +15,6 @@
 #include <string_view>
 
 #include "gen/linalg.hpp"
-#include "linalg/pairings_tmp.hpp"
 #include "linalg/tuning.hpp"
 
 namespace lbx::linalg {
@@ -52,22 +51,6 @@ std::string_view pairing_of(std::string_view standard)
         first, last, standard,
         [](const StandardPairing& p, std::string_view s) { return p.standard < s; });
     return it != last && it->standard == standard ? it->pairing : std::string_view{};
-}
-
-// What the reference ilaenv answers for a name it does not know, should it be
-// missing from the link.
-int fallback_ilaenv(int ispec)
-{
-    switch (ispec) {
-        case 1:
-            return 1;
-        case 2:
-            return 2;
-        case 3:
-            return 0;
-        default:
-            return -1;
-    }
 }
 
 }  // namespace
@@ -109,7 +92,5 @@ extern "C" int lbx_ilaenv_(const int* ispec, const char* name, const char* opts,
             }
         }
     }
-    if (lbx_ref_ilaenv_ == nullptr)
-        return fallback_ilaenv(*ispec);
     return lbx_ref_ilaenv_(ispec, name, opts, n1, n2, n3, n4, name_len, opts_len);
 }

@@ -19,5 +19,5 @@ int lbx_ilaenv_(const int* ispec, const char* name, const char* opts, const int*
 // The reference LAPACK ilaenv, renamed.
 int lbx_ref_ilaenv_(const int* ispec, const char* name, const char* opts, const int* n1,
                     const int* n2, const int* n3, const int* n4, std::size_t name_len,
-                    std::size_t opts_len) __attribute__((weak));
+                    std::size_t opts_len);
 }
