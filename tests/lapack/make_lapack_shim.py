@@ -21,10 +21,10 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "exports"))
 import catalogue  # noqa: E402
 
-C_TYPES = {"integer": "int", "real": "double", "complex": "lbx_complex", "logical": "int",
-           "character": "char"}
-RESULTS = {None: "void", "real": "double", "integer": "int", "logical": "int",
-           "complex": "lbx_complex"}
+# The public header's spelling of each catalogue type.
+C_TYPES = {"integer": "int", "real": "double", "complex": "lbx_complex", "single": "float",
+           "csingle": "lbx_complex_float", "logical": "int", "character": "char"}
+RESULTS = {None: "void", **C_TYPES}
 
 
 def shim_routines(paths: list[Path]) -> list:
