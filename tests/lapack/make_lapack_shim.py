@@ -3,11 +3,13 @@
 
 Usage: make_lapack_shim.py --out FILE.cpp CATALOGUE.toml...
 
-For every paired routine of the catalogues whose own path is the library's
-private LAPACK (own = "private"), the shim defines the standard routine
-(``dgetri_``, with the standard argument list and hidden lengths) as a call of
-the traced entry (``f07ajft_``) with CALL_VENDOR false and SORDER 1.  Preloaded
-into LAPACK's testing programs, it makes them test the own path.  Each shim
+For every double-precision paired routine (standard name D... or Z...) of the
+catalogues whose own path is private (own = "private": the library's copy of
+reference LAPACK, or for the BLAS its checks in front of the external kernel),
+the shim defines the standard routine (``dgetri_``, with the standard argument
+list and hidden lengths) as a call of the traced entry (``f07ajft_``) with
+CALL_VENDOR false and SORDER 1.  Preloaded into LAPACK's double-precision
+testing programs, it makes them test the own path.  Each shim
 entry counts its calls; at exit the counts go to the file named by the
 environment variable LBX_SHIM_COUNTS (one "NAME CALLS" line per routine
 called), so a run can prove that its calls reached the own path.
@@ -31,7 +33,8 @@ def shim_routines(paths: list[Path]) -> list:
     out = []
     for group in catalogue.group_by_chapter(paths):
         ch = catalogue.load_chapter(group)
-        out += [r for r in ch.routines if r.layers == "paired" and r.own == "private"]
+        out += [r for r in ch.routines
+                if r.layers == "paired" and r.own == "private" and r.standard[0] in "DZ"]
     return sorted(out, key=lambda r: r.standard)
 
 
