@@ -7,7 +7,7 @@ DLL_BUILD ?= build-dll
 # Debian's interpreter, the one python3-numpy and python3-scipy install for.
 PYTHON ?= /usr/bin/python3
 
-.PHONY: demo check bench install deps clean format check-asan check-tsan fuzz fuzz-ci \
+.PHONY: demo check check-lapack bench install deps clean format check-asan check-tsan fuzz fuzz-ci \
 	dll-deps dll check-dll
 
 # Sanitizer trees: the whole suite under AddressSanitizer, leak detection and
@@ -52,6 +52,13 @@ check:
 	$(call configure,$(BUILD),$(CMAKE_FLAGS) -DBUILD_TESTING=ON)
 	cmake --build $(BUILD) -j $(JOBS)
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+# LAPACK's testing programs, linear equations and eigenvalues, against the own
+# path of the paired routines (the linear-equation part also runs in make check).
+check-lapack:
+	@tools/install-deps.sh test
+	$(call configure,$(BUILD),$(CMAKE_FLAGS) -DBUILD_TESTING=ON)
+	cmake --build $(BUILD) -j $(JOBS) --target check_lapack
 
 bench:
 	@tools/install-deps.sh bench

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages a make target needs:
 #   tools/install-deps.sh build     the library and the demo
-#   tools/install-deps.sh test      the above and the test suite (make check)
+#   tools/install-deps.sh test      the above and the test suite (make check; liblapack-test:
+#                                   LAPACK's testing programs, make check-lapack)
 #   tools/install-deps.sh bench     the library and the benchmarks with their peers
 #                                   (python3-scipy: bench/pchip_scipy.py, run by /usr/bin/python3)
 #   tools/install-deps.sh windows   the 32-bit Windows DLL (make dll, make check-dll):
@@ -16,7 +17,7 @@
 set -euo pipefail
 
 build=(g++ gfortran cmake ninja-build make python3 binutils libopenblas-dev liblapack-dev)
-test=(python3-mpmath libgtest-dev libgmock-dev clang-format pkg-config)
+test=(python3-mpmath libgtest-dev libgmock-dev clang-format pkg-config liblapack-test)
 bench=(libbenchmark-dev libgsl-dev libboost-dev python3-scipy python3-numpy)
 windows=(g++-mingw-w64-i686-posix gfortran-mingw-w64-i686-posix binutils-mingw-w64-i686
          dpkg-dev xvfb imagemagick wine wine32:i386)
