@@ -39,8 +39,10 @@ LBX_EXTERNAL_ROUTINE(dlaswp_, void(const int*, double*, const int*, const int*, 
                                    const int*, const int*));
 LBX_EXTERNAL_ROUTINE(idamax_, int(const int*, const double*, const int*));
 LBX_EXTERNAL_ROUTINE(dscal_, void(const int*, const double*, double*, const int*));
+#if !defined(_WIN32)
 LBX_EXTERNAL_ROUTINE(openblas_get_num_threads, int());
 LBX_EXTERNAL_ROUTINE(openblas_set_num_threads, void(int));
+#endif
 
 namespace lbx::linalg {
 namespace {
@@ -66,17 +68,23 @@ public:
         const std::lock_guard<std::mutex> hold(lock());
         State& s = state();
         if (s.users++ == 0) {
+#if !defined(_WIN32)  // the DLL's BLAS has no threads of its own
             s.saved = openblas_get_num_threadskernel()();
             if (s.saved != 1)
                 openblas_set_num_threadskernel()(1);
+#endif
         }
     }
     ~SerialKernels()
     {
         const std::lock_guard<std::mutex> hold(lock());
         State& s = state();
+#if !defined(_WIN32)
         if (--s.users == 0 && s.saved != 1)
             openblas_set_num_threadskernel()(s.saved);
+#else
+        --s.users;
+#endif
     }
     SerialKernels(const SerialKernels&) = delete;
     SerialKernels& operator=(const SerialKernels&) = delete;
