@@ -767,6 +767,12 @@ const Row kRows[] = {
     LBX_ROW(F08ZAF, DGGLSE, gglse),
 };
 
+// A row prints as its standard name in test listings.
+void PrintTo(const Row& row, std::ostream* os)
+{
+    *os << row.pairing;
+}
+
 class OwnVsVendor : public testing::TestWithParam<Row> {};
 
 TEST_P(OwnVsVendor, SameResults)
