@@ -301,7 +301,8 @@ def message_tables(models: list[RoutineModel]) -> str:
     for m in models:
         if m.routine.has_ifail:
             rows = ", ".join(f"{{{msg.ifail}, {msg.code}, {records[tuple(msg.records)]}, "
-                             f"{len(msg.records)}}}" for msg in m.messages)
+                             f"{len(msg.records)}{', true' if msg.ranged else ''}}}"
+                             for msg in m.messages)
             L.append(f"constexpr lbx::frame::MessageText {m.routine.name}_messages[] = {{{rows}}};\n")
     return "".join(L)
 
