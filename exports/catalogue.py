@@ -224,7 +224,7 @@ def _fail(routine: str, text: str) -> CatalogueError:
 
 _ARG_RE = re.compile(
     r"^(?P<type>integer|real|complex|logical|character\*(?:\d+|\(\*\))|procedure|ifail)\s+"
-    r"(?P<name>[A-Z][A-Z0-9_]*)(?:\((?P<dims>[^)]*)\))?"
+    r"(?P<name>[A-Z][A-Z0-9_]*)(?:\((?P<dims>(?:[^()]|\([^()]*\))*)\))?"
     r"(?P<rest>(?:\s+\S+)*)\s*$")
 
 
@@ -286,7 +286,7 @@ def _check_dims(routine: str, arg: Arg, names: set[str]) -> None:
         for ident in re.findall(r"[A-Za-z_][A-Za-z0-9_]*", d):
             if ident not in names:
                 raise _fail(routine, f"extent '{d}' of {arg.name} names unknown argument {ident}")
-        if not re.fullmatch(r"[A-Z0-9_+\-*() ]+", d):
+        if not re.fullmatch(r"[A-Z0-9_+\-*/() ]+", d):
             raise _fail(routine, f"extent '{d}' of {arg.name} is not an expression")
 
 
