@@ -127,7 +127,7 @@ def chapter_header(cm: ChapterModel, conv) -> str:
                    "inline constexpr StandardPairing standard_pairings[] = {\n"
                    + "".join(f"    {{{cstr(s)}, {cstr(p)}}},\n" for s, p in pairs) + "};\n")
     rows = [f"    {{{cstr(m.routine.name)}, {cstr(msg.id)}, {msg.ifail}, {msg.code}, "
-            f"{len(msg.records)}}},\n"
+            f"{len(msg.records)}{', true' if msg.ranged else ''}}},\n"
             for m in cm.routines for msg in m.messages if msg.id != "ALLOC_FAILED"]
     out.append("\n// Every message of the chapter's catalogue but the frame's own, for the tests\n"
                "// that raise each one.\n")
