@@ -376,6 +376,37 @@ TEST(Solvers, SolutionsAndConditionEstimates)
         check_solutions(r);
 }
 
+// N = 0: nothing to solve, RCOND = 1.
+template <class T>
+void check_empty(const Routine<T>& r)
+{
+    SCOPED_TRACE(r.name);
+    Problem<T> p = make(r, Dense<T>(0, 0), Dense<T>(0, 1), 'U');
+    r.call(p);
+    EXPECT_EQ(p.ifail, 0);
+    EXPECT_EQ(p.rcond, 1.0);  // the empty matrix is perfectly conditioned
+    EXPECT_EQ(p.errbnd, eps);
+    // Leading dimensions are still at least 1.
+    std::istringstream in(r.args);
+    std::string word;
+    for (int position = 1; in >> word; ++position) {
+        if (word != "LDA" && word != "LDB")
+            continue;
+        Problem<T> q = make(r, Dense<T>(0, 0), Dense<T>(0, 1), 'U');
+        (word == "LDA" ? q.lda : q.ldb) = 0;
+        r.call(q);
+        EXPECT_EQ(q.ifail, -position) << word << " = 0";
+    }
+}
+
+TEST(Solvers, EmptySystemsAreLegal)
+{
+    for (const auto& r : real_routines)
+        check_empty(r);
+    for (const auto& r : complex_routines)
+        check_empty(r);
+}
+
 // 3 x 3 matrices whose factorization breaks down at column 2 (a zero pivot,
 // a leading minor of order 2 that is not positive definite, a zero diagonal
 // block), and one whose RCOND is eps/4.
