@@ -77,6 +77,42 @@ int with_queried_work(Driver driver)
     return driver(w.data(), lwork);
 }
 
+// The packed Bunch-Kaufman factorizations of the standard library (DSPTRF,
+// ZHPTRF as of LAPACK 3.11) take a NaN on the last diagonal element they
+// reach for a 2 x 2 pivot with a row index left from an earlier column, and
+// then write before AP and IPIV.  A matrix that can bring a NaN there (a NaN
+// or infinite entry, or entries within reach of overflow) is factorized in
+// full storage by the driver that tests for NaN (DSYSV, ZHESV) and packed
+// back: the same pivoting rule and the same layout of factors and pivots.
+bool packed_at_risk(double anorm)
+{
+    return !(anorm <= 0x1p500);
+}
+
+template <class T, class Driver>
+int packed_in_full(char uplo, int n, T* ap, Driver driver)
+{
+    const int lda = std::max(1, n);
+    std::vector<T> a = work<T>(lda, n);
+    const bool upper = uplo == 'U' || uplo == 'u';
+    auto copy = [&](bool unpack) {
+        std::size_t k = 0;
+        for (int j = 0; j < n; ++j)
+            for (int i = upper ? 0 : j; i < (upper ? j + 1 : n); ++i, ++k) {
+                T& full = a[i + static_cast<std::size_t>(j) * lda];
+                if (unpack)
+                    full = ap[k];
+                else
+                    ap[k] = full;
+            }
+    };
+    copy(true);
+    const int info =
+        with_queried_work<T>([&](T* w, int lwork) { return driver(a.data(), lda, w, lwork); });
+    copy(false);
+    return info;
+}
+
 }  // namespace
 
 // ---------------------------------------------------------------- real
@@ -116,7 +152,7 @@ void F04BBFN(int n, int kl, int ku, int nrhs, double* ab, int ldab, int* ipiv, d
         return fail(M::KU_NEGATIVE, ku);
     if (nrhs < 0)
         return fail(M::NRHS_NEGATIVE, nrhs);
-    if (ldab < 2 * kl + ku + 1)
+    if (ldab < 2LL * kl + ku + 1)  // no overflow for any KL, KU
         return fail(M::LDAB_BAND, ldab, kl, ku);
     if (ldb < std::max(1, n))
         return fail(M::LDB_TOO_SMALL, ldb, n);
@@ -217,7 +253,7 @@ void F04BFFN(char uplo, int n, int kd, int nrhs, double* ab, int ldab, double* b
         return fail(M::KD_NEGATIVE, kd);
     if (nrhs < 0)
         return fail(M::NRHS_NEGATIVE, nrhs);
-    if (ldab < kd + 1)
+    if (ldab < kd + 1LL)
         return fail(M::LDAB_SYMMETRIC_BAND, ldab, kd);
     if (ldb < std::max(1, n))
         return fail(M::LDB_TOO_SMALL, ldb, n);
@@ -295,7 +331,13 @@ void F04BJFN(char uplo, int n, int nrhs, double* ap, int* ipiv, double* b, int l
         return fail(M::LDB_TOO_SMALL, ldb, n);
     auto nw = work<double>(n);
     const double anorm = k::dlansp(one_norm, option(uplo), n, ap, nw.data());
-    const int info = k::dspsv(option(uplo), n, nrhs, ap, ipiv, b, ldb);
+    const int info = packed_at_risk(anorm)
+                         ? packed_in_full<double>(uplo, n, ap,
+                                                  [&](double* a, int lda, double* w, int lwork) {
+                                                      return k::dsysv(option(uplo), n, nrhs, a, lda,
+                                                                      ipiv, b, ldb, w, lwork);
+                                                  })
+                         : k::dspsv(option(uplo), n, nrhs, ap, ipiv, b, ldb);
     conclude(info, n, rcond, errbnd, fail, M::ZERO_BLOCK, M::ILL_CONDITIONED, [&] {
         auto w = work<double>(n, 2);
         auto iw = work<int>(n);
@@ -342,7 +384,7 @@ void F04CBFN(int n, int kl, int ku, int nrhs, Complex* ab, int ldab, int* ipiv, 
         return fail(M::KU_NEGATIVE, ku);
     if (nrhs < 0)
         return fail(M::NRHS_NEGATIVE, nrhs);
-    if (ldab < 2 * kl + ku + 1)
+    if (ldab < 2LL * kl + ku + 1)
         return fail(M::LDAB_BAND, ldab, kl, ku);
     if (ldb < std::max(1, n))
         return fail(M::LDB_TOO_SMALL, ldb, n);
@@ -441,7 +483,7 @@ void F04CFFN(char uplo, int n, int kd, int nrhs, Complex* ab, int ldab, Complex*
         return fail(M::KD_NEGATIVE, kd);
     if (nrhs < 0)
         return fail(M::NRHS_NEGATIVE, nrhs);
-    if (ldab < kd + 1)
+    if (ldab < kd + 1LL)
         return fail(M::LDAB_SYMMETRIC_BAND, ldab, kd);
     if (ldb < std::max(1, n))
         return fail(M::LDB_TOO_SMALL, ldb, n);
@@ -539,7 +581,13 @@ void F04CJFN(char uplo, int n, int nrhs, Complex* ap, int* ipiv, Complex* b, int
         return fail(M::LDB_TOO_SMALL, ldb, n);
     auto nw = work<double>(n);
     const double anorm = k::zlanhp(one_norm, option(uplo), n, ap, nw.data());
-    const int info = k::zhpsv(option(uplo), n, nrhs, ap, ipiv, b, ldb);
+    const int info = packed_at_risk(anorm)
+                         ? packed_in_full<Complex>(uplo, n, ap,
+                                                   [&](Complex* a, int lda, Complex* w, int lwork) {
+                                                       return k::zhesv(option(uplo), n, nrhs, a,
+                                                                       lda, ipiv, b, ldb, w, lwork);
+                                                   })
+                         : k::zhpsv(option(uplo), n, nrhs, ap, ipiv, b, ldb);
     conclude(info, n, rcond, errbnd, fail, M::ZERO_BLOCK, M::ILL_CONDITIONED, [&] {
         auto w = work<Complex>(n, 2);
         double r = 0.0;

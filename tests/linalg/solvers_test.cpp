@@ -594,6 +594,67 @@ TEST(Solvers, CatalogueMessages)
     lbx::test::check_catalogue(lbx::linalg::catalogue_messages, triggers);
 }
 
+TEST(Solvers, BandWidthsNearTheIntegerLimit)
+{
+    // 2*KL+KU+1 and KD+1 past the largest integer: LDAB is too small, not wrapped.
+    const int big = 1 << 30, max = std::numeric_limits<int>::max();
+    Problem<double> p = make(real_routines[1], typed<double>(good_matrix(Kind::GB), Shape::real),
+                             integer_solution<double>(4, 1), 'U');
+    p.kl = big;
+    p.ku = big;
+    real_routines[1].call(p);
+    EXPECT_EQ(p.ifail, -6);
+    Problem<Z> q = make(complex_routines[5], typed<Z>(good_matrix(Kind::PB), Shape::hermitian),
+                        integer_solution<Z>(4, 1), 'U');
+    q.kd = max;
+    q.ldab = max;
+    complex_routines[5].call(q);
+    EXPECT_EQ(q.ifail, -6);
+}
+
+// The packed indefinite solvers with a NaN, an infinity or entries near
+// overflow: nothing written outside AP, IPIV and B, the pivots in range, and
+// a solution only with IFAIL = 0 or N+1.
+template <class T>
+void check_packed_hostile(const Routine<T>& r)
+{
+    const double values[] = {kNaN, INFINITY, 1e300, -1.7e308};
+    for (char uplo : {'U', 'L'})
+        for (double v : values) {
+            SCOPED_TRACE(std::string(r.name) + " " + uplo + " " + std::to_string(v));
+            Problem<T> p = make(r, typed<T>(good_matrix(r.kind), Shape::real),
+                                integer_solution<T>(4, 2), uplo);
+            for (std::size_t k = 0; k < p.ap.size(); k += 3)
+                p.ap[k] = T(v);
+            // Guards before and after AP and IPIV.
+            std::vector<T> ap(p.ap.size() + 2, T(-3));
+            std::copy(p.ap.begin(), p.ap.end(), ap.begin() + 1);
+            std::vector<int> ipiv(p.n + 2, -77);
+            p.ap.assign(ap.begin() + 1, ap.end() - 1);
+            int ifail = 0;
+            char errbuf[200];
+            if constexpr (std::is_same_v<T, double>)
+                f04bjft_(&one, &uplo, &p.n, &p.nrhs, ap.data() + 1, ipiv.data() + 1, p.b.data(),
+                         &p.ldb, &p.rcond, &p.errbnd, errbuf, &ifail, 1, 200);
+            else
+                f04cjft_(&one, &uplo, &p.n, &p.nrhs, ap.data() + 1, ipiv.data() + 1, p.b.data(),
+                         &p.ldb, &p.rcond, &p.errbnd, errbuf, &ifail, 1, 200);
+            EXPECT_EQ(ap.front(), T(-3));
+            EXPECT_EQ(ap.back(), T(-3));
+            EXPECT_EQ(ipiv.front(), -77);
+            EXPECT_EQ(ipiv.back(), -77);
+            for (int i = 1; i <= p.n; ++i)
+                EXPECT_TRUE(ipiv[i] != 0 && std::abs(ipiv[i]) <= p.n) << ipiv[i];
+            EXPECT_TRUE(ifail >= 0 && ifail <= p.n + 1) << ifail;
+        }
+}
+
+TEST(Solvers, PackedIndefiniteWithHostileEntries)
+{
+    check_packed_hostile(real_routines[8]);
+    check_packed_hostile(complex_routines[8]);
+}
+
 // ---------------------------------------------------------------- F04BAF's edges
 
 struct Outcome {
