@@ -30,7 +30,7 @@ std::string_view option(const char& c)
     return {&c, 1};
 }
 
-// Work space of n elements (at least one), allocated by the standard library:
+// Work space of n elements (at least one) in a std::vector: allocation
 // failure throws, and the traced entry reports IFAIL = -999.
 template <class T>
 std::vector<T> work(int n, int per_row = 1)
