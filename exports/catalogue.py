@@ -54,6 +54,10 @@ and the chapter's shared messages and standard prototypes.  The grammar, in full
     code = 99999
     records = [" ** On entry, M2 = {1}.", " ** Constraint: M2 >= 1."]
     # without records: the chapter's shared [messages] template of that id
+    ifail_range = "1..N"                # optional: the error number depends on the
+                                        # arguments; ifail is its least value and any
+                                        # larger one belongs to this message too (the
+                                        # text is what the documentation shows)
 
 Argument strings are ``TYPE NAME[(DIM)] INTENT [notrace] [noimpl]``:
 
@@ -148,6 +152,11 @@ class Message:
     ifail: int
     code: int
     records: list[str]
+    ifail_range: str | None = None  # documented range: ifail is its least value
+
+    @property
+    def ranged(self) -> bool:
+        return self.ifail_range is not None
 
     @property
     def nvalues(self) -> int:
@@ -216,7 +225,7 @@ def _fail(routine: str, text: str) -> CatalogueError:
 
 _ARG_RE = re.compile(
     r"^(?P<type>integer|real|complex|single|csingle|logical|character\*(?:\d+|\(\*\))|procedure|ifail)\s+"
-    r"(?P<name>[A-Z][A-Z0-9_]*)(?:\((?P<dims>[^)]*)\))?"
+    r"(?P<name>[A-Z][A-Z0-9_]*)(?:\((?P<dims>(?:[^()]|\([^()]*\))*)\))?"
     r"(?P<rest>(?:\s+\S+)*)\s*$")
 
 
@@ -278,7 +287,7 @@ def _check_dims(routine: str, arg: Arg, names: set[str]) -> None:
         for ident in re.findall(r"[A-Za-z_][A-Za-z0-9_]*", d):
             if ident not in names:
                 raise _fail(routine, f"extent '{d}' of {arg.name} names unknown argument {ident}")
-        if not re.fullmatch(r"[A-Z0-9_+\-*() ]+", d):
+        if not re.fullmatch(r"[A-Z0-9_+\-*/() ]+", d):
             raise _fail(routine, f"extent '{d}' of {arg.name} is not an expression")
 
 
@@ -309,7 +318,7 @@ def _parse_procedure(rname: str, pname: str, table: dict) -> Procedure:
 
 
 def _parse_message(name: str, m: dict, shared: dict[str, list[str]]) -> Message:
-    _check_keys(name, m, {"id", "ifail", "code", "records"}, "message: ")
+    _check_keys(name, m, {"id", "ifail", "code", "records", "ifail_range"}, "message: ")
     for key in ("id", "ifail", "code"):
         if key not in m:
             raise _fail(name, f"message without '{key}'")
@@ -321,9 +330,12 @@ def _parse_message(name: str, m: dict, shared: dict[str, list[str]]) -> Message:
         records = list(shared[m["id"]])
     else:
         raise _fail(name, f"message {m['id']} has no records and the chapter shares none of that id")
-    msg = Message(id=m["id"], ifail=int(m["ifail"]), code=int(m["code"]), records=records)
+    msg = Message(id=m["id"], ifail=int(m["ifail"]), code=int(m["code"]), records=records,
+                  ifail_range=m.get("ifail_range"))
     if msg.ifail == 0:
         raise _fail(name, f"message {msg.id}: error number 0 means success")
+    if msg.ranged and (not isinstance(msg.ifail_range, str) or not msg.ifail_range or msg.ifail < 1):
+        raise _fail(name, f"message {msg.id}: ifail_range needs a text and a positive least ifail")
     _check_records(f"{name}: message {msg.id}", records)
     return msg
 

@@ -128,7 +128,7 @@ def chapter_header(cm: ChapterModel, conv) -> str:
                    "inline constexpr StandardPairing standard_pairings[] = {\n"
                    + "".join(f"    {{{cstr(s)}, {cstr(p)}}},\n" for s, p in pairs) + "};\n")
     rows = [f"    {{{cstr(m.routine.name)}, {cstr(msg.id)}, {msg.ifail}, {msg.code}, "
-            f"{len(msg.records)}}},\n"
+            f"{len(msg.records)}{', true' if msg.ranged else ''}}},\n"
             for m in cm.routines for msg in m.messages if msg.id != "ALLOC_FAILED"]
     out.append("\n// Every message of the chapter's catalogue but the frame's own, for the tests\n"
                "// that raise each one.\n")
@@ -302,7 +302,8 @@ def message_tables(models: list[RoutineModel]) -> str:
     for m in models:
         if m.routine.has_ifail:
             rows = ", ".join(f"{{{msg.ifail}, {msg.code}, {records[tuple(msg.records)]}, "
-                             f"{len(msg.records)}}}" for msg in m.messages)
+                             f"{len(msg.records)}{', true' if msg.ranged else ''}}}"
+                             for msg in m.messages)
             L.append(f"constexpr lbx::frame::MessageText {m.routine.name}_messages[] = {{{rows}}};\n")
     return "".join(L)
 

@@ -143,7 +143,8 @@ def fuzz_table(models: list[ChapterModel], conv) -> str:
             if m.routine.layers in ("paired", "forward"):
                 continue
             L += _dummies(m, conv)
-            pairs = ", ".join(f"{{{msg.ifail}, {msg.code}}}" for msg in m.messages)
+            pairs = ", ".join(f"{{{msg.ifail}, {msg.code}{', true' if msg.ranged else ''}}}"
+                              for msg in m.messages)
             if m.messages:
                 L.append(f"constexpr Pair {m.routine.name}_pairs[] = {{{pairs}}};\n")
             for e in m.entries:

@@ -311,7 +311,7 @@ def error_table(m: RoutineModel) -> str:
     L = ["| IFAIL | Code | Records |\n|---|---|---|\n"]
     for msg in m.messages:
         recs = "<br>".join("`" + _md(rec) + "`" for rec in msg.records)
-        L.append(f"| {msg.ifail} | {msg.code} | {recs} |\n")
+        L.append(f"| {msg.ifail_range or msg.ifail} | {msg.code} | {recs} |\n")
     return "".join(L)
 
 

@@ -17,6 +17,8 @@ struct MessageText {
     int code;
     const char* const* records;
     int nrecords;
+    // The error number depends on the arguments (1..N): ifail is its least value.
+    bool ranged = false;
 };
 
 // Steps after the traced entry returns: on success the error exit with error

@@ -198,7 +198,7 @@ int format_records(int error, const char* errbuf, std::span<const MessageText> t
     const MessageText* m = nullptr;
     if (status == status_ok) {
         for (const MessageText& t : table)
-            if (t.ifail == error && t.code == code)
+            if ((t.ifail == error || (t.ranged && error > t.ifail)) && t.code == code)
                 m = &t;
     }
     if (m == nullptr) {

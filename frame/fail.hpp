@@ -36,6 +36,7 @@ struct MessageRow {
     int ifail;
     int code;
     int nrecords;
+    bool ranged = false;  // ifail is the least of the error numbers (1..N)
 };
 
 // Frame messages every routine with IFAIL can raise.

@@ -233,6 +233,24 @@ std::vector<Case> cases()
                         },
                         true});
     }
+    // The solvers' work space: the estimator's (F04BAF), and before it the
+    // norm's and the driver's (F04BHF).
+    list.push_back(
+        {"F04BAF", [] {
+             int n = 3, nrhs = 1, lda = 3, ldb = 3, ipiv[3], ifail = -1;
+             double a[9] = {4, 1, 0, 1, 4, 1, 0, 1, 4}, b[3] = {2, -4, 10}, rcond = 0, errbnd = 0;
+             watch([&] { f04baf_(&n, &nrhs, a, &lda, ipiv, b, &ldb, &rcond, &errbnd, &ifail); });
+             return Outcome{ifail, {b[0], b[1], b[2], rcond}};
+         }});
+    list.push_back(
+        {"F04BHF", [] {
+             int n = 3, nrhs = 1, lda = 3, ldb = 3, ipiv[3], ifail = -1;
+             double a[9] = {1, 2, 0, 2, -3, 1, 0, 1, 2}, b[3] = {-3, 5, 8}, rcond = 0, errbnd = 0;
+             watch([&] {
+                 f04bhf_("L", &n, &nrhs, a, &lda, ipiv, b, &ldb, &rcond, &errbnd, &ifail, 1);
+             });
+             return Outcome{ifail, {b[0], b[1], b[2], rcond}};
+         }});
     list.push_back({"A00AAF", [] {
                         watch([&] { a00aaf_(); });
                         return Outcome{};

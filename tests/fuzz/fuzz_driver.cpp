@@ -61,6 +61,9 @@ namespace lbx::fuzz {
 struct Pair {
     int ifail;
     int code;
+    bool ranged = false;  // any error number from ifail up
+
+    bool matches(int error) const { return error == ifail || (ranged && error > ifail); }
 };
 
 class Call;
@@ -576,7 +579,7 @@ bool Call::check(Finding& f)
     const int ifail = *reinterpret_cast<int*>(find("IFAIL")->data());
     bool documented = ifail == 0;
     for (const Pair& p : entry_.pairs)
-        documented = documented || p.ifail == ifail;
+        documented = documented || p.matches(ifail);
     if (!documented) {
         f = {"ifail", "IFAIL = " + std::to_string(ifail) + " is not documented"};
         return false;
@@ -595,7 +598,7 @@ bool Call::check(Finding& f)
     frame::P01ABTN(errbuf, code, fields, status);
     bool pair = false;
     for (const Pair& p : entry_.pairs)
-        pair = pair || (p.ifail == ifail && p.code == code);
+        pair = pair || (p.matches(ifail) && p.code == code);
     if (status != 0 || !pair) {
         f = {"errbuf", "coded message (" + std::to_string(ifail) + ", " + std::to_string(code) +
                            ") status " + std::to_string(status) + " is not one of the routine's"};

@@ -66,6 +66,8 @@ class Refusals(unittest.TestCase):
          "shares none of that id"),
         ("message without IFAIL", entry(args=["real X in"], message=[
             {"id": "A", "ifail": 1, "code": 1, "records": [" ** a"]}]), "no IFAIL"),
+        ("range from zero", entry(message=[{"id": "A", "ifail": -1, "code": 1, "ifail_range": "x",
+                                            "records": [" ** a"]}]), "positive least ifail"),
         ("extra without value", entry(extra=["integer N in"]), "needs '= VALUE'"),
         ("export_impl with IFAIL", entry(export_impl=True), "export_impl"),
         ("direct with IFAIL", entry(layers="direct"), "direct routine"),
@@ -196,6 +198,16 @@ class WholeLibrary(unittest.TestCase):
         self.assertNotIn("errors:", text)
         with self.assertRaises(KeyError):
             emit_public.expand_doc("<!-- errors: S99ZZF -->\n", by_name, "p.md")
+
+
+    def test_ranged_error_numbers_reach_the_table_rows_and_the_docs(self):
+        msg = {"id": "A", "ifail": 1, "code": 5, "ifail_range": "1..N", "records": [" ** a {1}."]}
+        r = parse_routine(entry(args=["integer N in", "real AP(N*(N+1)/2) in", "ifail IFAIL"],
+                                message=[msg]), "q")
+        self.assertEqual(r.args[1].dims, ["N*(N+1)/2"])
+        text = emit_public.expand_doc("<!-- errors: Q01AAF -->\n",
+                                      {"Q01AAF": routine_model(r, LINUX)}, "p.md")
+        self.assertIn("| 1..N | 5 | ` ** a {1}.`", text)
 
 
 class DriftGuard(unittest.TestCase):
