@@ -37,3 +37,21 @@
     }                                                                                 \
     }
 #endif
+
+// The library's own path of a standard routine, the same on both platforms:
+//
+//   LBX_OWN_ROUTINE(dgesv_, void(const int*, ...));
+//   ...
+//   dgesv_kernel()(n, nrhs, ...);
+//
+// calls lbx_own_dgesv_, the routine the chapter routine paired with DGESV
+// runs when its caller does not ask for the external library.
+#define LBX_OWN_ROUTINE(symbol, ...)                                \
+    using symbol##type = __VA_ARGS__;                               \
+    extern "C" symbol##type lbx_own_##symbol;                       \
+    namespace {                                                     \
+    [[maybe_unused]] inline symbol##type* symbol##kernel() noexcept \
+    {                                                               \
+        return &::lbx_own_##symbol;                                 \
+    }                                                               \
+    }

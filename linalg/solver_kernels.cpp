@@ -1,4 +1,5 @@
-// The solvers' standard routines: for now the external library's.
+// The solvers' standard routines: the linear algebra layer's own path (the
+// routines the chapter routines F07AAF, F07AGF, ... run), called directly.
 #include "linalg/solver_kernels.hpp"
 
 #include <cstddef>
@@ -7,121 +8,119 @@
 
 using lbx::Complex;
 
-LBX_EXTERNAL_ROUTINE(dlange_, double(const char*, const int*, const int*, const double*, const int*,
-                                     double*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dlangb_, double(const char*, const int*, const int*, const int*, const double*,
-                                     const int*, double*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dlangt_, double(const char*, const int*, const double*, const double*,
-                                     const double*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dlansy_, double(const char*, const char*, const int*, const double*,
-                                     const int*, double*, std::size_t, std::size_t));
-LBX_EXTERNAL_ROUTINE(dlansp_, double(const char*, const char*, const int*, const double*, double*,
-                                     std::size_t, std::size_t));
-LBX_EXTERNAL_ROUTINE(dlansb_, double(const char*, const char*, const int*, const int*,
-                                     const double*, const int*, double*, std::size_t, std::size_t));
-LBX_EXTERNAL_ROUTINE(dlanst_,
-                     double(const char*, const int*, const double*, const double*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlange_, double(const char*, const int*, const int*, const Complex*,
-                                     const int*, double*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlangb_, double(const char*, const int*, const int*, const int*,
-                                     const Complex*, const int*, double*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlangt_, double(const char*, const int*, const Complex*, const Complex*,
-                                     const Complex*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlanhe_, double(const char*, const char*, const int*, const Complex*,
-                                     const int*, double*, std::size_t, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlansy_, double(const char*, const char*, const int*, const Complex*,
-                                     const int*, double*, std::size_t, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlanhp_, double(const char*, const char*, const int*, const Complex*, double*,
-                                     std::size_t, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlanhb_,
-                     double(const char*, const char*, const int*, const int*, const Complex*,
-                            const int*, double*, std::size_t, std::size_t));
-LBX_EXTERNAL_ROUTINE(zlanht_,
-                     double(const char*, const int*, const double*, const Complex*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dgesv_, void(const int*, const int*, double*, const int*, int*, double*,
-                                  const int*, int*));
-LBX_EXTERNAL_ROUTINE(dgecon_, void(const char*, const int*, const double*, const int*,
-                                   const double*, double*, double*, int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dgbsv_, void(const int*, const int*, const int*, const int*, double*,
-                                  const int*, int*, double*, const int*, int*));
-LBX_EXTERNAL_ROUTINE(dgbcon_, void(const char*, const int*, const int*, const int*, const double*,
-                                   const int*, const int*, const double*, double*, double*, int*,
-                                   int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dgttrf_, void(const int*, double*, double*, double*, double*, int*, int*));
-LBX_EXTERNAL_ROUTINE(dgttrs_, void(const char*, const int*, const int*, const double*,
-                                   const double*, const double*, const double*, const int*, double*,
-                                   const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dgtcon_, void(const char*, const int*, const double*, const double*,
-                                   const double*, const double*, const int*, const double*, double*,
-                                   double*, int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dposv_, void(const char*, const int*, const int*, double*, const int*, double*,
-                                  const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dpocon_, void(const char*, const int*, const double*, const int*,
-                                   const double*, double*, double*, int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dppsv_, void(const char*, const int*, const int*, double*, double*, const int*,
-                                  int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dppcon_, void(const char*, const int*, const double*, const double*, double*,
-                                   double*, int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dpbsv_, void(const char*, const int*, const int*, const int*, double*,
-                                  const int*, double*, const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dpbcon_, void(const char*, const int*, const int*, const double*, const int*,
-                                   const double*, double*, double*, int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dptsv_,
-                     void(const int*, const int*, double*, double*, double*, const int*, int*));
-LBX_EXTERNAL_ROUTINE(dptcon_, void(const int*, const double*, const double*, const double*, double*,
-                                   double*, int*));
-LBX_EXTERNAL_ROUTINE(dsysv_, void(const char*, const int*, const int*, double*, const int*, int*,
-                                  double*, const int*, double*, const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dsycon_, void(const char*, const int*, const double*, const int*, const int*,
-                                   const double*, double*, double*, int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dspsv_, void(const char*, const int*, const int*, double*, int*, double*,
-                                  const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(dspcon_, void(const char*, const int*, const double*, const int*,
-                                   const double*, double*, double*, int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zgesv_, void(const int*, const int*, Complex*, const int*, int*, Complex*,
-                                  const int*, int*));
-LBX_EXTERNAL_ROUTINE(zgecon_, void(const char*, const int*, const Complex*, const int*,
-                                   const double*, double*, Complex*, double*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zgbsv_, void(const int*, const int*, const int*, const int*, Complex*,
-                                  const int*, int*, Complex*, const int*, int*));
-LBX_EXTERNAL_ROUTINE(zgbcon_, void(const char*, const int*, const int*, const int*, const Complex*,
-                                   const int*, const int*, const double*, double*, Complex*,
-                                   double*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zgttrf_, void(const int*, Complex*, Complex*, Complex*, Complex*, int*, int*));
-LBX_EXTERNAL_ROUTINE(zgttrs_, void(const char*, const int*, const int*, const Complex*,
-                                   const Complex*, const Complex*, const Complex*, const int*,
-                                   Complex*, const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zgtcon_, void(const char*, const int*, const Complex*, const Complex*,
-                                   const Complex*, const Complex*, const int*, const double*,
-                                   double*, Complex*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zposv_, void(const char*, const int*, const int*, Complex*, const int*,
-                                  Complex*, const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zpocon_, void(const char*, const int*, const Complex*, const int*,
-                                   const double*, double*, Complex*, double*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zppsv_, void(const char*, const int*, const int*, Complex*, Complex*,
-                                  const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zppcon_, void(const char*, const int*, const Complex*, const double*, double*,
-                                   Complex*, double*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zpbsv_, void(const char*, const int*, const int*, const int*, Complex*,
-                                  const int*, Complex*, const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zpbcon_, void(const char*, const int*, const int*, const Complex*, const int*,
-                                   const double*, double*, Complex*, double*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zptsv_,
-                     void(const int*, const int*, double*, Complex*, Complex*, const int*, int*));
-LBX_EXTERNAL_ROUTINE(zptcon_, void(const int*, const double*, const Complex*, const double*,
-                                   double*, double*, int*));
-LBX_EXTERNAL_ROUTINE(zhesv_, void(const char*, const int*, const int*, Complex*, const int*, int*,
-                                  Complex*, const int*, Complex*, const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zhecon_, void(const char*, const int*, const Complex*, const int*, const int*,
-                                   const double*, double*, Complex*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zhpsv_, void(const char*, const int*, const int*, Complex*, int*, Complex*,
-                                  const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zhpcon_, void(const char*, const int*, const Complex*, const int*,
-                                   const double*, double*, Complex*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zsysv_, void(const char*, const int*, const int*, Complex*, const int*, int*,
-                                  Complex*, const int*, Complex*, const int*, int*, std::size_t));
-LBX_EXTERNAL_ROUTINE(zsycon_, void(const char*, const int*, const Complex*, const int*, const int*,
-                                   const double*, double*, Complex*, int*, std::size_t));
+LBX_OWN_ROUTINE(dlange_, double(const char*, const int*, const int*, const double*, const int*,
+                                double*, std::size_t));
+LBX_OWN_ROUTINE(dlangb_, double(const char*, const int*, const int*, const int*, const double*,
+                                const int*, double*, std::size_t));
+LBX_OWN_ROUTINE(dlangt_, double(const char*, const int*, const double*, const double*,
+                                const double*, std::size_t));
+LBX_OWN_ROUTINE(dlansy_, double(const char*, const char*, const int*, const double*, const int*,
+                                double*, std::size_t, std::size_t));
+LBX_OWN_ROUTINE(dlansp_, double(const char*, const char*, const int*, const double*, double*,
+                                std::size_t, std::size_t));
+LBX_OWN_ROUTINE(dlansb_, double(const char*, const char*, const int*, const int*, const double*,
+                                const int*, double*, std::size_t, std::size_t));
+LBX_OWN_ROUTINE(dlanst_,
+                double(const char*, const int*, const double*, const double*, std::size_t));
+LBX_OWN_ROUTINE(zlange_, double(const char*, const int*, const int*, const Complex*, const int*,
+                                double*, std::size_t));
+LBX_OWN_ROUTINE(zlangb_, double(const char*, const int*, const int*, const int*, const Complex*,
+                                const int*, double*, std::size_t));
+LBX_OWN_ROUTINE(zlangt_, double(const char*, const int*, const Complex*, const Complex*,
+                                const Complex*, std::size_t));
+LBX_OWN_ROUTINE(zlanhe_, double(const char*, const char*, const int*, const Complex*, const int*,
+                                double*, std::size_t, std::size_t));
+LBX_OWN_ROUTINE(zlansy_, double(const char*, const char*, const int*, const Complex*, const int*,
+                                double*, std::size_t, std::size_t));
+LBX_OWN_ROUTINE(zlanhp_, double(const char*, const char*, const int*, const Complex*, double*,
+                                std::size_t, std::size_t));
+LBX_OWN_ROUTINE(zlanhb_, double(const char*, const char*, const int*, const int*, const Complex*,
+                                const int*, double*, std::size_t, std::size_t));
+LBX_OWN_ROUTINE(zlanht_,
+                double(const char*, const int*, const double*, const Complex*, std::size_t));
+LBX_OWN_ROUTINE(dgesv_,
+                void(const int*, const int*, double*, const int*, int*, double*, const int*, int*));
+LBX_OWN_ROUTINE(dgecon_, void(const char*, const int*, const double*, const int*, const double*,
+                              double*, double*, int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dgbsv_, void(const int*, const int*, const int*, const int*, double*, const int*,
+                             int*, double*, const int*, int*));
+LBX_OWN_ROUTINE(dgbcon_,
+                void(const char*, const int*, const int*, const int*, const double*, const int*,
+                     const int*, const double*, double*, double*, int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dgttrf_, void(const int*, double*, double*, double*, double*, int*, int*));
+LBX_OWN_ROUTINE(dgttrs_, void(const char*, const int*, const int*, const double*, const double*,
+                              const double*, const double*, const int*, double*, const int*, int*,
+                              std::size_t));
+LBX_OWN_ROUTINE(dgtcon_, void(const char*, const int*, const double*, const double*, const double*,
+                              const double*, const int*, const double*, double*, double*, int*,
+                              int*, std::size_t));
+LBX_OWN_ROUTINE(dposv_, void(const char*, const int*, const int*, double*, const int*, double*,
+                             const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dpocon_, void(const char*, const int*, const double*, const int*, const double*,
+                              double*, double*, int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dppsv_, void(const char*, const int*, const int*, double*, double*, const int*,
+                             int*, std::size_t));
+LBX_OWN_ROUTINE(dppcon_, void(const char*, const int*, const double*, const double*, double*,
+                              double*, int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dpbsv_, void(const char*, const int*, const int*, const int*, double*, const int*,
+                             double*, const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dpbcon_, void(const char*, const int*, const int*, const double*, const int*,
+                              const double*, double*, double*, int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dptsv_, void(const int*, const int*, double*, double*, double*, const int*, int*));
+LBX_OWN_ROUTINE(dptcon_, void(const int*, const double*, const double*, const double*, double*,
+                              double*, int*));
+LBX_OWN_ROUTINE(dsysv_, void(const char*, const int*, const int*, double*, const int*, int*,
+                             double*, const int*, double*, const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dsycon_, void(const char*, const int*, const double*, const int*, const int*,
+                              const double*, double*, double*, int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dspsv_, void(const char*, const int*, const int*, double*, int*, double*,
+                             const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(dspcon_, void(const char*, const int*, const double*, const int*, const double*,
+                              double*, double*, int*, int*, std::size_t));
+LBX_OWN_ROUTINE(zgesv_, void(const int*, const int*, Complex*, const int*, int*, Complex*,
+                             const int*, int*));
+LBX_OWN_ROUTINE(zgecon_, void(const char*, const int*, const Complex*, const int*, const double*,
+                              double*, Complex*, double*, int*, std::size_t));
+LBX_OWN_ROUTINE(zgbsv_, void(const int*, const int*, const int*, const int*, Complex*, const int*,
+                             int*, Complex*, const int*, int*));
+LBX_OWN_ROUTINE(zgbcon_,
+                void(const char*, const int*, const int*, const int*, const Complex*, const int*,
+                     const int*, const double*, double*, Complex*, double*, int*, std::size_t));
+LBX_OWN_ROUTINE(zgttrf_, void(const int*, Complex*, Complex*, Complex*, Complex*, int*, int*));
+LBX_OWN_ROUTINE(zgttrs_, void(const char*, const int*, const int*, const Complex*, const Complex*,
+                              const Complex*, const Complex*, const int*, Complex*, const int*,
+                              int*, std::size_t));
+LBX_OWN_ROUTINE(zgtcon_, void(const char*, const int*, const Complex*, const Complex*,
+                              const Complex*, const Complex*, const int*, const double*, double*,
+                              Complex*, int*, std::size_t));
+LBX_OWN_ROUTINE(zposv_, void(const char*, const int*, const int*, Complex*, const int*, Complex*,
+                             const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(zpocon_, void(const char*, const int*, const Complex*, const int*, const double*,
+                              double*, Complex*, double*, int*, std::size_t));
+LBX_OWN_ROUTINE(zppsv_, void(const char*, const int*, const int*, Complex*, Complex*, const int*,
+                             int*, std::size_t));
+LBX_OWN_ROUTINE(zppcon_, void(const char*, const int*, const Complex*, const double*, double*,
+                              Complex*, double*, int*, std::size_t));
+LBX_OWN_ROUTINE(zpbsv_, void(const char*, const int*, const int*, const int*, Complex*, const int*,
+                             Complex*, const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(zpbcon_, void(const char*, const int*, const int*, const Complex*, const int*,
+                              const double*, double*, Complex*, double*, int*, std::size_t));
+LBX_OWN_ROUTINE(zptsv_,
+                void(const int*, const int*, double*, Complex*, Complex*, const int*, int*));
+LBX_OWN_ROUTINE(zptcon_, void(const int*, const double*, const Complex*, const double*, double*,
+                              double*, int*));
+LBX_OWN_ROUTINE(zhesv_, void(const char*, const int*, const int*, Complex*, const int*, int*,
+                             Complex*, const int*, Complex*, const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(zhecon_, void(const char*, const int*, const Complex*, const int*, const int*,
+                              const double*, double*, Complex*, int*, std::size_t));
+LBX_OWN_ROUTINE(zhpsv_, void(const char*, const int*, const int*, Complex*, int*, Complex*,
+                             const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(zhpcon_, void(const char*, const int*, const Complex*, const int*, const double*,
+                              double*, Complex*, int*, std::size_t));
+LBX_OWN_ROUTINE(zsysv_, void(const char*, const int*, const int*, Complex*, const int*, int*,
+                             Complex*, const int*, Complex*, const int*, int*, std::size_t));
+LBX_OWN_ROUTINE(zsycon_, void(const char*, const int*, const Complex*, const int*, const int*,
+                              const double*, double*, Complex*, int*, std::size_t));
 
 namespace lbx::linalg::kernels {
 
