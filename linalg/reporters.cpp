@@ -55,7 +55,7 @@ public:
     Record& text(std::string_view s)
     {
         const std::size_t n = std::min(s.size(), sizeof buf_ - len_);
-        std::memcpy(buf_ + len_, s.data(), n);
+        std::copy_n(s.data(), n, buf_ + len_);
         len_ += n;
         return *this;
     }
@@ -258,7 +258,7 @@ void F06AAUN(std::string_view name, std::span<char> value)
     char cname[256];
     if (n.empty() || n.size() >= sizeof cname)
         return;
-    std::memcpy(cname, n.data(), n.size());
+    std::copy_n(n.data(), n.size(), cname);
     cname[n.size()] = '\0';
     const char* v = std::getenv(cname);
     if (v == nullptr)
@@ -273,9 +273,9 @@ void F06AATN(std::string_view name, std::string_view value)
     char cname[256], cvalue[1024];
     if (n.empty() || n.size() >= sizeof cname || v.size() >= sizeof cvalue)
         return;
-    std::memcpy(cname, n.data(), n.size());
+    std::copy_n(n.data(), n.size(), cname);
     cname[n.size()] = '\0';
-    std::memcpy(cvalue, v.data(), v.size());
+    std::copy_n(v.data(), v.size(), cvalue);
     cvalue[v.size()] = '\0';
 #ifdef _WIN32
     _putenv_s(cname, cvalue);
