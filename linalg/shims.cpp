@@ -11,6 +11,8 @@
 #include "linalg/shims.hpp"
 
 #include <algorithm>
+#include <cmath>
+#include <complex>
 #include <cstddef>
 #include <string_view>
 
@@ -93,4 +95,56 @@ extern "C" int lbx_ilaenv_(const int* ispec, const char* name, const char* opts,
         }
     }
     return lbx_ref_ilaenv_(ispec, name, opts, n1, n2, n3, n4, name_len, opts_len);
+}
+
+// The BLAS index routines the private LAPACK calls: the reference routines'
+// answer, the first element of largest magnitude (|re| + |im| for complex),
+// found by comparisons that a NaN never wins unless it is element 1.  The
+// pivot searches of the reference algorithms are written for exactly this;
+// an index routine that returns a NaN's position instead (as optimized ones
+// may) can lead them to a row outside the matrix.
+namespace {
+
+template <class T, class Magnitude>
+int first_largest(const int* n, const T* x, const int* incx, Magnitude magnitude)
+{
+    if (*n < 1 || *incx <= 0)
+        return 0;
+    const std::ptrdiff_t step = *incx;
+    int index = 1;
+    auto largest = magnitude(x[0]);
+    for (int i = 1; i < *n; ++i) {
+        const auto m = magnitude(x[i * step]);
+        if (m > largest) {
+            index = i + 1;
+            largest = m;
+        }
+    }
+    return index;
+}
+
+}  // namespace
+
+extern "C" int lbx_idamax_(const int* n, const double* x, const int* incx)
+{
+    return first_largest(n, x, incx, [](double v) { return std::fabs(v); });
+}
+
+extern "C" int lbx_isamax_(const int* n, const float* x, const int* incx)
+{
+    return first_largest(n, x, incx, [](float v) { return std::fabs(v); });
+}
+
+extern "C" int lbx_izamax_(const int* n, const lbx::Complex* x, const int* incx)
+{
+    return first_largest(n, x, incx, [](const lbx::Complex& v) {
+        return std::fabs(v.real()) + std::fabs(v.imag());
+    });
+}
+
+extern "C" int lbx_icamax_(const int* n, const std::complex<float>* x, const int* incx)
+{
+    return first_largest(n, x, incx, [](const std::complex<float>& v) {
+        return std::fabs(v.real()) + std::fabs(v.imag());
+    });
 }

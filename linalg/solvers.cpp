@@ -65,18 +65,6 @@ void conclude(int info, int n, double& rcond, double& errbnd, Fail& fail,
     fail(Message<0>{n + 1, ill_conditioned.code});
 }
 
-// Symmetric and Hermitian indefinite drivers: the work space the driver asks
-// for, then the driver.
-template <class T, class Driver>
-int with_queried_work(Driver driver)
-{
-    T query[1] = {T(0)};
-    driver(query, -1);
-    const int lwork = std::max(1, static_cast<int>(std::real(query[0])));
-    std::vector<T> w = work<T>(lwork);
-    return driver(w.data(), lwork);
-}
-
 // The packed Bunch-Kaufman factorizations of the standard library (DSPTRF,
 // ZHPTRF as of LAPACK 3.11) take a NaN on the last diagonal element they
 // reach for a 2 x 2 pivot with a row index left from an earlier column, and
@@ -87,6 +75,25 @@ int with_queried_work(Driver driver)
 bool packed_at_risk(double anorm)
 {
     return !(anorm <= 0x1p500);
+}
+
+// Symmetric and Hermitian indefinite drivers: the work space the driver asks
+// for, then the driver.  A matrix at risk (above) gets work space for one
+// column only, which makes the driver factorize column by column: the blocked
+// Bunch-Kaufman panels (DLASYF, ZLAHEF as of LAPACK 3.11) can take a row
+// index outside the matrix when a NaN reaches a pivot, the unblocked
+// factorizations test every pivot for one.
+template <class T, class Driver>
+int with_queried_work(Driver driver, bool at_risk = false, int n = 0)
+{
+    int lwork = std::max(1, n);
+    if (!at_risk) {
+        T query[1] = {T(0)};
+        driver(query, -1);
+        lwork = std::max(1, static_cast<int>(std::real(query[0])));
+    }
+    std::vector<T> w = work<T>(lwork);
+    return driver(w.data(), lwork);
 }
 
 template <class T, class Driver>
@@ -107,8 +114,8 @@ int packed_in_full(char uplo, int n, T* ap, Driver driver)
             }
     };
     copy(true);
-    const int info =
-        with_queried_work<T>([&](T* w, int lwork) { return driver(a.data(), lda, w, lwork); });
+    const int info = with_queried_work<T>(
+        [&](T* w, int lwork) { return driver(a.data(), lda, w, lwork); }, true, n);
     copy(false);
     return info;
 }
@@ -305,9 +312,11 @@ void F04BHFN(char uplo, int n, int nrhs, double* a, int lda, int* ipiv, double* 
         return fail(M::LDB_TOO_SMALL, ldb, n);
     auto nw = work<double>(n);
     const double anorm = k::dlansy(one_norm, option(uplo), n, a, lda, nw.data());
-    const int info = with_queried_work<double>([&](double* w, int lwork) {
-        return k::dsysv(option(uplo), n, nrhs, a, lda, ipiv, b, ldb, w, lwork);
-    });
+    const int info = with_queried_work<double>(
+        [&](double* w, int lwork) {
+            return k::dsysv(option(uplo), n, nrhs, a, lda, ipiv, b, ldb, w, lwork);
+        },
+        packed_at_risk(anorm), n);
     conclude(info, n, rcond, errbnd, fail, M::ZERO_BLOCK, M::ILL_CONDITIONED, [&] {
         auto w = work<double>(n, 2);
         auto iw = work<int>(n);
@@ -540,9 +549,11 @@ void complex_indefinite(char uplo, int n, int nrhs, Complex* a, int lda, int* ip
         return fail(M::LDB_TOO_SMALL, ldb, n);
     auto nw = work<double>(n);
     const double anorm = norm(one_norm, option(uplo), n, a, lda, nw.data());
-    const int info = with_queried_work<Complex>([&](Complex* w, int lwork) {
-        return driver(option(uplo), n, nrhs, a, lda, ipiv, b, ldb, w, lwork);
-    });
+    const int info = with_queried_work<Complex>(
+        [&](Complex* w, int lwork) {
+            return driver(option(uplo), n, nrhs, a, lda, ipiv, b, ldb, w, lwork);
+        },
+        packed_at_risk(anorm), n);
     conclude(info, n, rcond, errbnd, fail, M::ZERO_BLOCK, M::ILL_CONDITIONED, [&] {
         auto w = work<Complex>(n, 2);
         double r = 0.0;

@@ -12,6 +12,11 @@ that they never meet the external library's routines of the same names:
   take block sizes from its tuning table; the archive's own ``xerbla`` member
   is dropped and its ``ilaenv`` is kept as ``lbx_ref_ilaenv_``, the fallback
   for names the tuning table does not hold;
+* calls of the BLAS index routines ``idamax_``, ``izamax_``, ``isamax_`` and
+  ``icamax_`` become ``lbx_idamax_``, ...: the library's own, which keep the
+  reference routines' answer when a NaN is present (the first largest
+  element that is not a NaN, element 1 when that is one), the answer the
+  reference algorithms' pivot searches are written for;
 * the routines named with --reference (those whose own path is written by
   hand, such as DTFSM) become ``lbx_ref_<name>_``, so the hand-written
   ``lbx_own_<name>_`` is the only one of that name.
@@ -64,7 +69,7 @@ def main() -> int:
         if p + name not in symbols:
             print(f"private_lapack: {a.source} defines no {name}", file=sys.stderr)
             return 1
-    renames = []
+    renames = [f"{p}{name} {p}lbx_{name}\n" for name in ("idamax_", "izamax_", "isamax_", "icamax_")]
     for sym in symbols:
         bare = sym[len(p):] if p and sym.startswith(p) else sym
         renames.append(f"{sym} {p}{special.get(bare, 'lbx_own_' + bare)}\n")
