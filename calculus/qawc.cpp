@@ -10,185 +10,12 @@
 
 #include "calculus/kronrod.hpp"
 #include "calculus/quadpack.hpp"
+#include "calculus/weighted.hpp"
 #include "gen/calculus.hpp"
 
 namespace lbx::calculus {
 
 namespace {
-
-// cos(k pi / 24), k = 1..11: the published DQC25C table.
-constexpr double xcos[11] = {
-    0.991444861373810411144557526928563, 0.965925826289068286749743199728897,
-    0.923879532511286756128183189396788, 0.866025403784438646763723170752936,
-    0.793353340291235164579776961501299, 0.707106781186547524400844362104849,
-    0.608761429008720639416097542898164, 0.500000000000000000000000000000000,
-    0.382683432365089771728459984030399, 0.258819045102520762348898837624048,
-    0.130526192220051591548406227895489};
-
-// DQCHEB: the Chebyshev series of degrees 12 and 24 of the function whose
-// values at cos(k pi / 24), k = 0..24, are fval(1..25). 1-based as published;
-// fval is overwritten.
-void chebyshev_series(double* fval1, double* cheb12_1, double* cheb24_1)
-{
-    const double* x = xcos - 1;
-    double* fval = fval1 - 1;
-    double* cheb12 = cheb12_1 - 1;
-    double* cheb24 = cheb24_1 - 1;
-    double v[13];
-    for (int i = 1; i <= 12; ++i) {
-        const int j = 26 - i;
-        v[i] = fval[i] - fval[j];
-        fval[i] = fval[i] + fval[j];
-    }
-    double alam1 = v[1] - v[9];
-    double alam2 = x[6] * (v[3] - v[7] - v[11]);
-    cheb12[4] = alam1 + alam2;
-    cheb12[10] = alam1 - alam2;
-    alam1 = v[2] - v[8] - v[10];
-    alam2 = v[4] - v[6] - v[12];
-    double alam = x[3] * alam1 + x[9] * alam2;
-    cheb24[4] = cheb12[4] + alam;
-    cheb24[22] = cheb12[4] - alam;
-    alam = x[9] * alam1 - x[3] * alam2;
-    cheb24[10] = cheb12[10] + alam;
-    cheb24[16] = cheb12[10] - alam;
-    const double part1 = x[4] * v[5];
-    const double part2 = x[8] * v[9];
-    const double part3 = x[6] * v[7];
-    alam1 = v[1] + part1 + part2;
-    alam2 = x[2] * v[3] + part3 + x[10] * v[11];
-    cheb12[2] = alam1 + alam2;
-    cheb12[12] = alam1 - alam2;
-    alam = x[1] * v[2] + x[3] * v[4] + x[5] * v[6] + x[7] * v[8] + x[9] * v[10] + x[11] * v[12];
-    cheb24[2] = cheb12[2] + alam;
-    cheb24[24] = cheb12[2] - alam;
-    alam = x[11] * v[2] - x[9] * v[4] + x[7] * v[6] - x[5] * v[8] + x[3] * v[10] - x[1] * v[12];
-    cheb24[12] = cheb12[12] + alam;
-    cheb24[14] = cheb12[12] - alam;
-    alam1 = v[1] - part1 + part2;
-    alam2 = x[10] * v[3] - part3 + x[2] * v[11];
-    cheb12[6] = alam1 + alam2;
-    cheb12[8] = alam1 - alam2;
-    alam = x[5] * v[2] - x[9] * v[4] - x[1] * v[6] - x[11] * v[8] + x[3] * v[10] + x[7] * v[12];
-    cheb24[6] = cheb12[6] + alam;
-    cheb24[20] = cheb12[6] - alam;
-    alam = x[7] * v[2] - x[3] * v[4] - x[11] * v[6] + x[1] * v[8] - x[9] * v[10] - x[5] * v[12];
-    cheb24[8] = cheb12[8] + alam;
-    cheb24[18] = cheb12[8] - alam;
-    for (int i = 1; i <= 6; ++i) {
-        const int j = 14 - i;
-        v[i] = fval[i] - fval[j];
-        fval[i] = fval[i] + fval[j];
-    }
-    alam1 = v[1] + x[8] * v[5];
-    alam2 = x[4] * v[3];
-    cheb12[3] = alam1 + alam2;
-    cheb12[11] = alam1 - alam2;
-    cheb12[7] = v[1] - v[5];
-    alam = x[2] * v[2] + x[6] * v[4] + x[10] * v[6];
-    cheb24[3] = cheb12[3] + alam;
-    cheb24[23] = cheb12[3] - alam;
-    alam = x[6] * (v[2] - v[4] - v[6]);
-    cheb24[7] = cheb12[7] + alam;
-    cheb24[19] = cheb12[7] - alam;
-    alam = x[10] * v[2] - x[6] * v[4] + x[2] * v[6];
-    cheb24[11] = cheb12[11] + alam;
-    cheb24[15] = cheb12[11] - alam;
-    for (int i = 1; i <= 3; ++i) {
-        const int j = 8 - i;
-        v[i] = fval[i] - fval[j];
-        fval[i] = fval[i] + fval[j];
-    }
-    cheb12[5] = v[1] + x[8] * v[3];
-    cheb12[9] = fval[1] - x[8] * fval[3];
-    alam = x[4] * v[2];
-    cheb24[5] = cheb12[5] + alam;
-    cheb24[21] = cheb12[5] - alam;
-    alam = x[8] * fval[2] - fval[4];
-    cheb24[9] = cheb12[9] + alam;
-    cheb24[17] = cheb12[9] - alam;
-    cheb12[1] = fval[1] + fval[3];
-    alam = fval[2] + fval[4];
-    cheb24[1] = cheb12[1] + alam;
-    cheb24[25] = cheb12[1] - alam;
-    cheb12[13] = v[1] - v[3];
-    cheb24[13] = cheb12[13];
-    alam = 1.0 / 6.0;
-    for (int i = 2; i <= 12; ++i) {
-        cheb12[i] = cheb12[i] * alam;
-    }
-    alam = 0.5 * alam;
-    cheb12[1] = cheb12[1] * alam;
-    cheb12[13] = cheb12[13] * alam;
-    for (int i = 2; i <= 24; ++i) {
-        cheb24[i] = cheb24[i] * alam;
-    }
-    cheb24[1] = 0.5 * alam * cheb24[1];
-    cheb24[25] = 0.5 * alam * cheb24[25];
-}
-
-// The tables of the published DQK15W: the 15-point rule's, given there to 16
-// significant digits only (so some of these doubles differ from kronrod15's).
-constexpr double xgk[8] = {0.9914553711208126, 0.9491079123427585, 0.8648644233597691,
-                           0.7415311855993944, 0.5860872354676911, 0.4058451513773972,
-                           0.2077849550078985, 0.0000000000000000};
-constexpr double wgk[8] = {0.02293532201052922, 0.06309209262997855, 0.1047900103222502,
-                           0.1406532597155259,  0.1690047266392679,  0.1903505780647854,
-                           0.2044329400752989,  0.2094821410847278};
-constexpr double wg[8] = {0.0, 0.1294849661688697, 0.0, 0.2797053914892767,
-                          0.0, 0.3818300505051189, 0.0, 0.4179591836734694};
-
-// DQK15W with the weight 1/(x - c) (DQWGTC).
-template <class F>
-void kronrod15_cauchy(F&& f, double c, double a, double b, double& result, double& abserr,
-                      double& resabs, double& resasc)
-{
-    auto w = [c](double x) { return 1.0 / (x - c); };
-    const double centr = 0.5 * (a + b);
-    const double hlgth = 0.5 * (b - a);
-    const double dhlgth = std::fabs(hlgth);
-    double fv1[7], fv2[7];
-    const double fc = f(centr) * w(centr);
-    double resg = wg[7] * fc;
-    double resk = wgk[7] * fc;
-    double rabs = std::fabs(resk);
-    for (int j = 1; j <= 3; ++j) {
-        const int jtw = 2 * j;  // 1-based as published: nodes xgk(2), xgk(4), xgk(6)
-        const double absc = hlgth * xgk[jtw - 1];
-        const double absc1 = centr - absc;
-        const double absc2 = centr + absc;
-        const double fval1 = f(absc1) * w(absc1);
-        const double fval2 = f(absc2) * w(absc2);
-        fv1[jtw - 1] = fval1;
-        fv2[jtw - 1] = fval2;
-        const double fsum = fval1 + fval2;
-        resg = resg + wg[jtw - 1] * fsum;
-        resk = resk + wgk[jtw - 1] * fsum;
-        rabs = rabs + wgk[jtw - 1] * (std::fabs(fval1) + std::fabs(fval2));
-    }
-    for (int j = 1; j <= 4; ++j) {
-        const int jtwm1 = 2 * j - 1;
-        const double absc = hlgth * xgk[jtwm1 - 1];
-        const double absc1 = centr - absc;
-        const double absc2 = centr + absc;
-        const double fval1 = f(absc1) * w(absc1);
-        const double fval2 = f(absc2) * w(absc2);
-        fv1[jtwm1 - 1] = fval1;
-        fv2[jtwm1 - 1] = fval2;
-        const double fsum = fval1 + fval2;
-        resk = resk + wgk[jtwm1 - 1] * fsum;
-        rabs = rabs + wgk[jtwm1 - 1] * (std::fabs(fval1) + std::fabs(fval2));
-    }
-    const double reskh = resk * 0.5;
-    double rasc = wgk[7] * std::fabs(fc - reskh);
-    for (int j = 0; j < 7; ++j) {
-        rasc = rasc + wgk[j] * (std::fabs(fv1[j] - reskh) + std::fabs(fv2[j] - reskh));
-    }
-    result = resk * hlgth;
-    resabs = rabs * dhlgth;
-    resasc = rasc * dhlgth;
-    abserr = kronrod_error(std::fabs((resk - resg) * hlgth), resabs, resasc);
-}
 
 // DQC25C: the rule for f(x)/(x - c) on [a, b]; krul counts the 15-point
 // applications down; neval is 15 or 25.
@@ -200,7 +27,8 @@ void D01AQZN(F&& f, double a, double b, double c, double& result, double& abserr
     if (!(std::fabs(cc) < 1.1)) {
         krul = krul - 1;
         double resabs, resasc;
-        kronrod15_cauchy(f, c, a, b, result, abserr, resabs, resasc);
+        kronrod15_weighted(
+            f, [c](double x) { return 1.0 / (x - c); }, a, b, result, abserr, resabs, resasc);
         neval = 15;
         if (resasc == abserr) {
             krul = krul + 1;
