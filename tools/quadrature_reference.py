@@ -15,6 +15,8 @@ with reals as exact hexadecimal floats.  Run from the repository root:
     /usr/bin/python3 tools/quadrature_reference.py --qagp > tests/data/quadrature_qagp.txt
     /usr/bin/python3 tools/quadrature_reference.py --qng > tests/data/quadrature_qng.txt
     /usr/bin/python3 tools/quadrature_reference.py --qawc > tests/data/quadrature_qawc.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qaws > tests/data/quadrature_qaws.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qag-keys > tests/data/quadrature_qag_keys.txt
 
 The third, QUADPACK's QAGI (DQAGIE, SciPy's compiled Fortran, D01AMF), is for
 the integrands of tests/calculus/quadrature_infinite.inc, one line each
@@ -23,7 +25,12 @@ integrands with break points of tests/calculus/quadrature_breaks.inc, limits
 as given and reversed; the fifth, GSL's gsl_integration_qng (QNG; SciPy
 does not expose it) through ctypes, for D01BDF on the first battery (LIMIT
 not used); the sixth, QUADPACK's QAWC (DQAWCE, SciPy, D01AQF), for the
-principal values of tests/calculus/quadrature_cauchy.inc, both directions.
+principal values of tests/calculus/quadrature_cauchy.inc, both directions;
+the seventh, QUADPACK's QAWS (DQAWSE, SciPy, D01APF), for the weighted
+integrands of tests/calculus/quadrature_algebraic.inc (direction "forward":
+QAWS needs A < B); the eighth, GSL's gsl_integration_qag with each of the
+six rules (D01AUF's KEY 1 to 6), for the first battery, the direction
+column carrying the key ("forward3").
 The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
 Debian's python3-scipy (D01AJF).  SciPy does not expose QAG, so the second is
 GSL's gsl_integration_qag with the 61-point rule (GSL_INTEG_GAUSS61), called
@@ -112,7 +119,7 @@ class Gsl:
         self.lib.gsl_set_error_handler_off()
         self.lib.gsl_integration_workspace_alloc.restype = ctypes.POINTER(self.Workspace)
 
-    def qag61(self, f, lo, hi, epsabs, epsrel, limit):
+    def qag61(self, f, lo, hi, epsabs, epsrel, limit, key=6):
         calls, raised = [0], []
 
         def g(x, _):
@@ -128,7 +135,7 @@ class Gsl:
         result, abserr = ctypes.c_double(), ctypes.c_double()
         status = self.lib.gsl_integration_qag(
             ctypes.byref(fn), ctypes.c_double(lo), ctypes.c_double(hi), ctypes.c_double(epsabs),
-            ctypes.c_double(epsrel), ctypes.c_size_t(limit), ctypes.c_int(6), ws,
+            ctypes.c_double(epsrel), ctypes.c_size_t(limit), ctypes.c_int(key), ws,
             ctypes.byref(result), ctypes.byref(abserr))
         last = ws.contents.size
         self.lib.gsl_integration_workspace_free(ws)
@@ -184,6 +191,55 @@ def main_cauchy(root):
                   f"{info['neval']} {info['last']} {ier}")
 
 
+def c_log(x):
+    return -math.inf if x == 0.0 else math.log(x)
+
+
+def main_algebraic(root):
+    print("# QUADPACK QAWS (DQAWSE) reference: name direction result abserr neval last ier")
+    print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_algebraic.inc")
+    for line in (root / "tests/calculus/quadrature_algebraic.inc").read_text().splitlines():
+        m = re.match(r"^ALGLOG\((\w+), (.*)\)$", line)
+        if not m:
+            continue
+        name = m.group(1)
+        expr, *tail = m.group(2).rsplit(", ", 8)
+        a, b, alfa, beta = (float(t) for t in tail[:4])
+        key = int(tail[4])
+        epsabs, epsrel, limit = float(tail[5]), float(tail[6]), int(tail[7])
+        code = compile(expr, name, "eval")
+
+        def f(x, code=code):  # DQC25S asks for the ends, where C's log(0) is -inf
+            return float(eval(code, {"__builtins__": {}}, dict(NAMES, log=c_log, x=x)))
+
+        result, abserr, info, ier = _quadpack._qawse(f, a, b, (alfa, beta), key, (), 1, epsabs,
+                                                     epsrel, limit)
+        print(f"{name} forward {float(result).hex()} {float(abserr).hex()} "
+              f"{info['neval']} {info['last']} {ier}")
+
+
+def main_keys(root):
+    gsl = Gsl()
+    print("# GSL qag reference, keys 1 to 6: name direction+key result abserr neval last ier")
+    print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_battery.inc")
+    for name, expr, a, b, epsabs, epsrel, limit in battery(root / "tests/calculus/quadrature_battery.inc"):
+        if limit == 1:
+            continue
+        code = compile(expr, name, "eval")
+
+        def f(x, code=code):
+            return float(eval(code, {"__builtins__": {}}, dict(NAMES, x=x)))
+
+        for key in range(1, 7):
+            for direction, (lo, hi) in (("forward", (a, b)), ("reversed", (b, a))):
+                row = gsl.qag61(f, lo, hi, epsabs, epsrel, limit, key)
+                if row is None:
+                    continue
+                result, abserr, neval, last, ier = row
+                print(f"{name} {direction}{key} {float(result).hex()} {float(abserr).hex()} "
+                      f"{neval} {last} {ier}")
+
+
 def main_infinite(root):
     print("# QUADPACK QAGI (DQAGIE) reference: name direction result abserr neval last ier")
     print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_infinite.inc")
@@ -206,6 +262,10 @@ def main():
         return main_breaks(root)
     if "--qawc" in sys.argv:
         return main_cauchy(root)
+    if "--qaws" in sys.argv:
+        return main_algebraic(root)
+    if "--qag-keys" in sys.argv:
+        return main_keys(root)
     qag = "--qag61" in sys.argv
     method = Gsl().qag61 if qag else qags
     what = "GSL qag, 61-point rule" if qag else "QUADPACK QAGS (DQAGSE)"

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -124,6 +125,34 @@ const PrincipalValue cauchy[] = {
 };
 #undef CAUCHY
 
+struct AlgebraicWeight {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, alfa, beta;
+    int key;
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define ALGLOG(name, expr, a, b, alfa, beta, key, epsabs, epsrel, limit) \
+    {#name,                                                              \
+     [](const double* px) {                                              \
+         const double x = *px;                                           \
+         return expr;                                                    \
+     },                                                                  \
+     a,                                                                  \
+     b,                                                                  \
+     alfa,                                                               \
+     beta,                                                               \
+     key,                                                                \
+     epsabs,                                                             \
+     epsrel,                                                             \
+     limit},
+const AlgebraicWeight algebraic[] = {
+#include "tests/calculus/quadrature_algebraic.inc"
+};
+#undef ALGLOG
+
 // A traced caller's adapter: counts the calls in IUSER(1), then calls F.
 double counting_adapter(D01AJF_FFn fn, const double* x, int* iuser, double*)
 {
@@ -170,6 +199,7 @@ const Integrand& find(const std::string& name)
 struct Reference {
     std::string name, what;
     bool forward = true;
+    int key = 0;  // a digit after the direction: the rule's KEY
     double result = 0, abserr = 0;
     int neval = 0, last = 0, ier = 0;
     double lo(double a, double b) const { return forward ? a : b; }
@@ -189,7 +219,9 @@ std::vector<Reference> references(const char* table)
         Reference r;
         std::string direction, result, abserr;
         s >> r.name >> direction >> result >> abserr >> r.neval >> r.last >> r.ier;
-        r.forward = direction == "forward";
+        r.forward = direction.rfind("forward", 0) == 0;
+        if (!direction.empty() && std::isdigit(static_cast<unsigned char>(direction.back())))
+            r.key = direction.back() - '0';
         r.what = std::string(table) + " " + r.name + " " + direction;
         r.result = std::strtod(result.c_str(), nullptr);
         r.abserr = std::strtod(abserr.c_str(), nullptr);
@@ -557,6 +589,102 @@ R call(D01AJF_FFn f, double epsabs, double epsrel, int lw, int liw, Entry entry 
     return d01ajf(f, 0, 1, epsabs, epsrel, lw, liw, entry).raised;
 }
 
+// D01AUF's vectorised integrand (vector_f) through an adapter that counts
+// the points in IUSER(1) and checks that a call brings one rule's nodes.
+int g_rule_points = 0;
+void counting_rule_adapter(lbx::calculus::D01AUF_FFn fn, const double* x, double* fv, const int* n,
+                           int* iuser, double*)
+{
+    EXPECT_EQ(*n, g_rule_points);
+    iuser[0] += *n;
+    fn(x, fv, n);
+}
+
+Outcome d01auf(D01AJF_FFn f, double a, double b, int key, double epsabs, double epsrel, int lw,
+               int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    g_scalar = f;
+    const int points[] = {0, 15, 21, 31, 41, 51, 61};
+    g_rule_points = key >= 1 && key <= 6 ? points[key] : 0;
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01auft_(&vector_f, &counting_rule_adapter, &a, &b, &key, &epsabs, &epsrel, &r.result,
+                 &r.abserr, r.w.data(), &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail,
+                 200);
+    });
+    return r;
+}
+
+// D01AUF is QAG with the rule of KEY and the values of one rule application
+// asked for at once: GSL's QAG with each of the six rules on the first
+// battery (ABSERR to 5 per cent, as for D01AKF), both directions.
+TEST(Quadrature, D01AUFEqualsQagForEveryKey)
+{
+    const std::vector<Reference> rows = references("quadrature_qag_keys.txt");
+    int keys[7] = {};
+    for (const Reference& ref : rows) {
+        const Integrand& t = find(ref.name);
+        expect_published(d01auf(t.f, ref.lo(t.a, t.b), ref.hi(t.a, t.b), ref.key, t.epsabs,
+                                t.epsrel, 4 * t.limit, t.limit),
+                         ref, 0.05);
+        ++keys[ref.key];
+    }
+    for (int key = 1; key <= 6; ++key)
+        EXPECT_GT(keys[key], 90) << key;
+}
+
+// KEY = 6 is D01AKF's rule: the same results bit for bit, ABSERR included.
+TEST(Quadrature, D01AUFKeySixIsD01AKF)
+{
+    for (const Integrand& t : battery) {
+        const Outcome v = d01auf(t.f, t.a, t.b, 6, t.epsabs, t.epsrel, 4 * t.limit, t.limit);
+        const Outcome s =
+            d01ajf(t.f, t.a, t.b, t.epsabs, t.epsrel, 4 * t.limit, t.limit, &d01akft_);
+        EXPECT_EQ(v.raised.ifail, s.raised.ifail) << t.name;
+        EXPECT_EQ(v.result, s.result) << t.name;
+        EXPECT_EQ(v.abserr, s.abserr) << t.name;
+        EXPECT_EQ(v.evals, s.evals) << t.name;
+        EXPECT_EQ(v.w, s.w) << t.name;
+    }
+}
+
+Outcome d01apf(D01AJF_FFn f, double a, double b, double alfa, double beta, int key, double epsabs,
+               double epsrel, int lw, int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01apft_(f, &counting_adapter, &a, &b, &alfa, &beta, &key, &epsabs, &epsrel, &r.result,
+                 &r.abserr, r.w.data(), &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail,
+                 200);
+    });
+    return r;
+}
+
+// QUADPACK's QAWS (SciPy's compiled Fortran) on the battery of end-point
+// weights, every KEY.
+TEST(Quadrature, D01APFEqualsPublishedQawsBitForBit)
+{
+    const std::vector<Reference> rows = references("quadrature_qaws.txt");
+    for (const Reference& ref : rows)
+        if (const AlgebraicWeight* t = named(algebraic, ref.name))
+            expect_published(d01apf(t->f, t->a, t->b, t->alfa, t->beta, t->key, t->epsabs,
+                                    t->epsrel, 4 * t->limit, t->limit),
+                             ref);
+    EXPECT_EQ(rows.size(), std::size(algebraic));
+}
+
+R apf(D01AJF_FFn f, double a, double b, double alfa, double beta, int key, double epsabs,
+      double epsrel, int lw, int liw)
+{
+    return d01apf(f, a, b, alfa, beta, key, epsabs, epsrel, lw, liw).raised;
+}
+
 TEST(Quadrature, EveryMessage)
 {
     using T = lbx::test::Trigger;
@@ -702,6 +830,71 @@ TEST(Quadrature, EveryMessage)
               {e(0), e(1), e(1)}},
             T{"D01AQF", "LW_TOO_SMALL", [] { return aqf(one, 1, 0.5, 0, 1e-10, 3, 0); }, {"3"}},
             T{"D01AQF", "LIW_TOO_SMALL", [] { return aqf(one, 1, 0.5, 0, 1e-10, 4, 0); }, {"0"}},
+            T{"D01AUF",
+              "LIMIT_REACHED",
+              [] { return d01auf(inv_x, 0, 1, 1, 0, 1e-10, 200, 50).raised; },
+              {"50", "200", "50"}},
+            T{"D01AUF", "ROUND_OFF",
+              [] { return d01auf(peak, 0, 1, 3, 1e-17, 0, 200, 50).raised; }},
+            T{"D01AUF", "BAD_INTEGRAND",
+              [] { return d01auf(alg_mid, 0, 1, 6, 0, 1e-10, 200, 50).raised; }},
+            T{"D01AUF",
+              "KEY_INVALID",
+              [] { return d01auf(one, 0, 1, 0, 0, 1e-10, 3, 0).raised; },
+              {"0"},
+              "KEY checked before LW"},
+            T{"D01AUF",
+              "KEY_INVALID",
+              [] { return d01auf(one, 0, 1, 7, 0, 1e-10, 200, 50).raised; },
+              {"7"}},
+            T{"D01AUF",
+              "LW_TOO_SMALL",
+              [] { return d01auf(one, 0, 1, 2, 0, 1e-10, 3, 0).raised; },
+              {"3"}},
+            T{"D01AUF",
+              "LIW_TOO_SMALL",
+              [] { return d01auf(one, 0, 1, 2, 0, 1e-10, 4, 0).raised; },
+              {"0"}},
+            T{"D01AUF", "", [] { return d01auf(sqrt_end, 1, 0, 4, -0.0, -1e-8, 200, 50).raised; }},
+            T{"D01APF",
+              "LIMIT_REACHED",
+              [] { return apf(sin_50, 0, 3, 0.5, 0.5, 1, 0, 1e-12, 8, 2); },
+              {"2", "8", "2"},
+              "LIMIT 2 always ends here"},
+            T{"D01APF", "ROUND_OFF",
+              [] { return apf(sqrt_031, 0, 1, 0.2, 0.3, 4, 1e-300, 0, 1600, 400); }},
+            T{"D01APF", "BAD_INTEGRAND",
+              [] { return apf(pole_0_31, 0, 1, 0.2, 0.3, 1, 0, 1e-10, 1600, 400); }},
+            T{"D01APF",
+              "B_NOT_GREATER",
+              [] { return apf(one, 1, 1, -2, -2, 0, 0, 1e-10, 0, 0); },
+              {e(1), e(1)},
+              "A and B checked first"},
+            T{"D01APF",
+              "ALFA_TOO_SMALL",
+              [] { return apf(one, 0, 1, -1, -2, 0, 0, 1e-10, 0, 0); },
+              {e(-1)},
+              "ALFA checked before BETA"},
+            T{"D01APF",
+              "BETA_TOO_SMALL",
+              [] { return apf(one, 0, 1, 0, -1, 0, 0, 1e-10, 0, 0); },
+              {e(-1)},
+              "BETA checked before KEY"},
+            T{"D01APF",
+              "KEY_INVALID",
+              [] { return apf(one, 0, 1, 0, 0, 5, 0, 1e-10, 0, 0); },
+              {"5"},
+              "KEY checked before LW"},
+            T{"D01APF",
+              "LW_TOO_SMALL",
+              [] { return apf(one, 0, 1, 0, 0, 1, 0, 1e-10, 7, 0); },
+              {"7"},
+              "LW checked before LIW"},
+            T{"D01APF",
+              "LIW_TOO_SMALL",
+              [] { return apf(one, 0, 1, 0, 0, 1, 0, 1e-10, 8, 1); },
+              {"1"}},
+            T{"D01APF", "", [] { return apf(one, 0, 1, 0.5, -0.5, 2, -0.0, -1e-10, 200, 50); }},
             T{"D01AKF",
               "LIMIT_REACHED",
               [] { return call(inv_x, 0, 1e-10, 40, 12, &d01akft_); },
