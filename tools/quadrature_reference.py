@@ -17,6 +17,7 @@ with reals as exact hexadecimal floats.  Run from the repository root:
     /usr/bin/python3 tools/quadrature_reference.py --qawc > tests/data/quadrature_qawc.txt
     /usr/bin/python3 tools/quadrature_reference.py --qaws > tests/data/quadrature_qaws.txt
     /usr/bin/python3 tools/quadrature_reference.py --qag-keys > tests/data/quadrature_qag_keys.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qawo > tests/data/quadrature_qawo.txt
 
 The third, QUADPACK's QAGI (DQAGIE, SciPy's compiled Fortran, D01AMF), is for
 the integrands of tests/calculus/quadrature_infinite.inc, one line each
@@ -30,7 +31,9 @@ the seventh, QUADPACK's QAWS (DQAWSE, SciPy, D01APF), for the weighted
 integrands of tests/calculus/quadrature_algebraic.inc (direction "forward":
 QAWS needs A < B); the eighth, GSL's gsl_integration_qag with each of the
 six rules (D01AUF's KEY 1 to 6), for the first battery, the direction
-column carrying the key ("forward3").
+column carrying the key ("forward3"); the ninth, QUADPACK's QAWO (DQAWOE,
+SciPy, D01ANF, with the 21 levels of moments of the published driver
+DQAWO), for tests/calculus/quadrature_oscillatory.inc, both directions.
 The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
 Debian's python3-scipy (D01AJF).  SciPy does not expose QAG, so the second is
 GSL's gsl_integration_qag with the 61-point rule (GSL_INTEG_GAUSS61), called
@@ -218,6 +221,34 @@ def main_algebraic(root):
               f"{info['neval']} {info['last']} {ier}")
 
 
+def main_oscillatory(root):
+    print("# QUADPACK QAWO (DQAWOE) reference: name direction result abserr neval last ier")
+    print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_oscillatory.inc")
+    for line in (root / "tests/calculus/quadrature_oscillatory.inc").read_text().splitlines():
+        m = re.match(r"^OSCILLATORY\((\w+), (.*)\)$", line)
+        if not m:
+            continue
+        name = m.group(1)
+        expr, *tail = m.group(2).rsplit(", ", 7)
+        a, b = float(tail[0]), float(tail[1])
+        omega = float(eval(tail[2], {"__builtins__": {}}))
+        key = int(tail[3])
+        epsabs, epsrel, limit = float(tail[4]), float(tail[5]), int(tail[6])
+        code = compile(expr, name, "eval")
+
+        def f(x, code=code):  # DQC25F asks for the ends, where C's log(0) is -inf
+            try:
+                return float(eval(code, {"__builtins__": {}}, dict(NAMES, log=c_log, x=x)))
+            except ZeroDivisionError:
+                return math.inf
+
+        for direction, (lo, hi) in (("forward", (a, b)), ("reversed", (b, a))):
+            result, abserr, info, ier = _quadpack._qawoe(f, lo, hi, omega, key, (), 1, epsabs,
+                                                         epsrel, limit, 21, 1)
+            print(f"{name} {direction} {float(result).hex()} {float(abserr).hex()} "
+                  f"{info['neval']} {info['last']} {ier}")
+
+
 def main_keys(root):
     gsl = Gsl()
     print("# GSL qag reference, keys 1 to 6: name direction+key result abserr neval last ier")
@@ -264,6 +295,8 @@ def main():
         return main_cauchy(root)
     if "--qaws" in sys.argv:
         return main_algebraic(root)
+    if "--qawo" in sys.argv:
+        return main_oscillatory(root)
     if "--qag-keys" in sys.argv:
         return main_keys(root)
     qag = "--qag61" in sys.argv

@@ -153,6 +153,33 @@ const AlgebraicWeight algebraic[] = {
 };
 #undef ALGLOG
 
+struct OscillatoryWeight {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, omega;
+    int key;
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define OSCILLATORY(name, expr, a, b, omega, key, epsabs, epsrel, limit) \
+    {#name,                                                              \
+     [](const double* px) {                                              \
+         const double x = *px;                                           \
+         return expr;                                                    \
+     },                                                                  \
+     a,                                                                  \
+     b,                                                                  \
+     omega,                                                              \
+     key,                                                                \
+     epsabs,                                                             \
+     epsrel,                                                             \
+     limit},
+const OscillatoryWeight oscillatory[] = {
+#include "tests/calculus/quadrature_oscillatory.inc"
+};
+#undef OSCILLATORY
+
 // A traced caller's adapter: counts the calls in IUSER(1), then calls F.
 double counting_adapter(D01AJF_FFn fn, const double* x, int* iuser, double*)
 {
@@ -679,6 +706,49 @@ TEST(Quadrature, D01APFEqualsPublishedQawsBitForBit)
     EXPECT_EQ(rows.size(), std::size(algebraic));
 }
 
+Outcome d01anf(D01AJF_FFn f, double a, double b, double omega, int key, double epsabs,
+               double epsrel, int lw, int liw)
+{
+    Outcome r;
+    r.w.assign(std::max(lw, 1), -1.0);
+    r.iw.assign(std::max(liw, 1), -1);
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01anft_(f, &counting_adapter, &a, &b, &omega, &key, &epsabs, &epsrel, &r.result, &r.abserr,
+                 r.w.data(), &lw, r.iw.data(), &liw, &r.evals, ruser, errbuf, ifail, 200);
+    });
+    return r;
+}
+
+// QUADPACK's QAWO (SciPy's compiled Fortran, 21 levels of moments as the
+// published driver DQAWO keeps) on the oscillatory battery, limits as given
+// and reversed. DQAWOE reports LAST = 0 when the first rule application
+// suffices; IW(1) counts that one subinterval.
+TEST(Quadrature, D01ANFEqualsPublishedQawoBitForBit)
+{
+    const std::vector<Reference> rows = references("quadrature_qawo.txt");
+    for (Reference ref : rows)
+        if (const OscillatoryWeight* t = named(oscillatory, ref.name)) {
+            if (ref.last == 0)
+                ref.last = 1;
+            expect_published(d01anf(t->f, ref.lo(t->a, t->b), ref.hi(t->a, t->b), t->omega, t->key,
+                                    t->epsabs, t->epsrel, 4 * t->limit, 2 * t->limit),
+                             ref);
+        }
+    EXPECT_EQ(rows.size(), 2 * std::size(oscillatory));
+}
+
+double log_over_sqrt(const double* x)
+{
+    return std::log(*x + 1e-300) / std::sqrt(*x + 1e-300);
+}
+
+// D01ANF on [0, 1].
+R anf(D01AJF_FFn f, double omega, int key, double epsabs, double epsrel, int lw, int liw)
+{
+    return d01anf(f, 0.0, 1.0, omega, key, epsabs, epsrel, lw, liw).raised;
+}
+
 R apf(D01AJF_FFn f, double a, double b, double alfa, double beta, int key, double epsabs,
       double epsrel, int lw, int liw)
 {
@@ -856,6 +926,28 @@ TEST(Quadrature, EveryMessage)
               [] { return d01auf(one, 0, 1, 2, 0, 1e-10, 4, 0).raised; },
               {"0"}},
             T{"D01AUF", "", [] { return d01auf(sqrt_end, 1, 0, 4, -0.0, -1e-8, 200, 50).raised; }},
+            T{"D01ANF",
+              "LIMIT_REACHED",
+              [] { return anf(gauss, 30, 1, 0, 1e-10, 7, 3); },
+              {"1", "7", "3"},
+              "LIMIT = min(LW/4, LIW/2)"},
+            T{"D01ANF", "ROUND_OFF", [] { return anf(sqrt_031, 20, 1, 1e-300, 0, 1600, 800); }},
+            T{"D01ANF", "BAD_INTEGRAND", [] { return anf(pole_0_31, 20, 1, 0, 1e-10, 1600, 800); }},
+            T{"D01ANF", "EXTRAPOLATION_ROUND_OFF",
+              [] { return anf(log_over_sqrt, 20, 1, 1e-17, 0, 400, 200); }},
+            T{"D01ANF", "DIVERGENT", [] { return anf(inv_sq, 1, 1, 0, 1e-10, 400, 200); }},
+            T{"D01ANF",
+              "KEY_INVALID",
+              [] { return anf(one, 5, 3, 0, 1e-10, 3, 0); },
+              {"3"},
+              "KEY checked before LW"},
+            T{"D01ANF",
+              "LW_TOO_SMALL",
+              [] { return anf(one, 5, 2, 0, 1e-10, 3, 0); },
+              {"3"},
+              "LW checked before LIW"},
+            T{"D01ANF", "LIW_TOO_SMALL", [] { return anf(one, 5, 1, 0, 1e-10, 4, 1); }, {"1"}},
+            T{"D01ANF", "", [] { return anf(gauss, -30, 2, -0.0, -1e-10, 200, 100); }},
             T{"D01APF",
               "LIMIT_REACHED",
               [] { return apf(sin_50, 0, 3, 0.5, 0.5, 1, 0, 1e-12, 8, 2); },
