@@ -607,3 +607,179 @@ void D01ANFN(const D01ANF_GProc& g, double a, double b, double omega, int key, d
 }
 
 }  // namespace lbx::calculus
+
+namespace lbx::calculus {
+
+// D01ASF: QUADPACK's QAWF (DQAWFE) for the integral over [A, infinity) of
+// f(x) cos(OMEGA x) or f(x) sin(OMEGA x): QAWO on consecutive intervals of
+// (2 int(abs(OMEGA)) + 1) pi / abs(OMEGA), the k-th to the absolute accuracy
+// EPSABS (1 - p) p^(k-1) with p = 0.9, the moments kept from one interval to
+// the next, and the epsilon algorithm on the partial sums. OMEGA = 0 with
+// KEY = 1 is QAGI on [A, infinity); with KEY = 2 the integral is 0.
+void D01ASFN(const D01ASF_GProc& g, double a, double omega, int key, double epsabs, double& result,
+             double& abserr, int limlst, int& lst, double* erlst, double* rslst, int* ierlst,
+             double* w, int lw, int* iw, int liw, int* iuser, double* ruser, lbx::Fail& fail)
+{
+    using quadpack::dmax;
+    if (key != 1 && key != 2) {
+        return fail(D01ASF_msg::KEY_INVALID, key);
+    }
+    if (epsabs == 0.0) {
+        return fail(D01ASF_msg::EPSABS_ZERO, epsabs);
+    }
+    if (limlst < 3) {
+        return fail(D01ASF_msg::LIMLST_TOO_SMALL, limlst);
+    }
+    if (lw < 4) {
+        return fail(D01ASF_msg::LW_TOO_SMALL, lw);
+    }
+    if (liw < 2) {
+        return fail(D01ASF_msg::LIW_TOO_SMALL, liw);
+    }
+    const int limit = std::min(lw / 4, liw / 2);
+    const Subintervals s{w, w + limit, w + 2 * limit, w + 3 * limit, iw, limit};
+    auto eval = [&](double x) { return g(x, iuser, ruser); };
+    const double eps_abs = std::fabs(epsabs);
+    result = 0.0;
+    abserr = 0.0;
+    lst = 0;
+    int ier = 0;
+    if (omega == 0.0) {
+        if (key == 1) {
+            auto rule = [a](auto& f, double lo, double hi, double& r, double& e, double& ra,
+                            double& rs) { D01AMZN(f, a, 1, lo, hi, r, e, ra, rs); };
+            ier = qags_core(rule, eval, 0.0, 1.0, eps_abs, 0.0, s, result, abserr).ier;
+        }
+        rslst[0] = result;
+        erlst[0] = abserr;
+        ierlst[0] = ier;
+        lst = 1;
+        if (ier != 0) {
+            return fail(D01ASF_msg::INTERVAL_FAILURES);
+        }
+        return;
+    }
+
+    constexpr double p = 0.9;
+    constexpr double pi = 3.14159265358979323846264338327950;
+    const int l = static_cast<int>(std::fabs(omega));
+    const double dl = 2 * l + 1;
+    const double cycle = dl * pi / std::fabs(omega);
+    double psum[quadpack::epstab_length];
+    double res3la[3];
+    int ktmin = 0;
+    int numrl2 = 0;
+    int nres = 0;
+    double c1 = a;
+    double c2 = cycle + a;
+    const double p1 = 1.0 - p;
+    double eps = eps_abs;
+    if (eps_abs > quadpack::uflow / p1) {
+        eps = eps_abs * p1;
+    }
+    const double ep = eps;
+    double fact = 1.0;
+    double correc = 0.0;
+    double errsum = 0.0;
+    double drl = 0.0;
+    int ll = 0;
+    ChebyshevMoments mom;
+    bool partial_sum = false;  // leave through 80
+    for (lst = 1; lst <= limlst; ++lst) {
+        const double epsa = eps * fact;
+        const QagsOutcome o = qawo_core(eval, c1, c2, omega, key, epsa, 0.0, lst, s, iw + limit,
+                                        mom, rslst[lst - 1], erlst[lst - 1]);
+        ierlst[lst - 1] = o.ier;
+        fact = fact * p;
+        errsum = errsum + erlst[lst - 1];
+        drl = 50.0 * std::fabs(rslst[lst - 1]);
+        if (errsum + drl <= eps_abs && lst >= 6) {
+            partial_sum = true;  // 80: the partial sum before this interval
+            break;
+        }
+        correc = dmax(correc, erlst[lst - 1]);
+        if (ierlst[lst - 1] != 0) {
+            eps = dmax(ep, correc * p1);
+            ier = 7;
+        }
+        if (ier == 7 && errsum + drl <= correc * 10.0 && lst > 5) {
+            partial_sum = true;
+            break;
+        }
+        numrl2 = numrl2 + 1;
+        if (lst == 1) {
+            psum[0] = rslst[0];
+        } else {
+            psum[numrl2 - 1] = psum[ll - 1] + rslst[lst - 1];
+            if (lst > 2) {
+                if (lst == limlst) {
+                    ier = 1;
+                }
+                double reseps, abseps;
+                D01AJYN(numrl2, psum, reseps, abseps, res3la, nres);
+                ktmin = ktmin + 1;
+                if (ktmin >= 15 && abserr <= 1.0e-3 * (errsum + drl)) {
+                    ier = 4;
+                }
+                bool leave = false;
+                if (!(abseps > abserr && lst != 3)) {
+                    abserr = abseps;
+                    result = reseps;
+                    ktmin = 0;
+                    if (abserr + 10.0 * correc <= eps_abs ||
+                        (abserr <= eps_abs && 10.0 * correc >= eps_abs)) {
+                        leave = true;
+                    }
+                }
+                if (leave || (ier != 0 && ier != 7)) {
+                    break;  // 60
+                }
+            }
+        }
+        ll = numrl2;  // 40
+        c1 = c2;
+        c2 = c2 + cycle;
+    }
+    if (lst > limlst) {
+        lst = limlst;
+    }
+    if (!partial_sum) {
+        // 60: the extrapolated result, unless the partial sum is better.
+        abserr = abserr + 10.0 * correc;
+        if (ier != 0) {
+            const double ps = psum[numrl2 - 1];
+            if (result != 0.0 && ps != 0.0) {
+                if (abserr / std::fabs(result) > (errsum + drl) / std::fabs(ps)) {
+                    partial_sum = true;
+                } else if (ier >= 1 && ier != 7) {
+                    abserr = abserr + drl;
+                }
+            } else if (abserr > errsum) {
+                partial_sum = true;
+            } else if (ps != 0.0) {
+                if (abserr / std::fabs(result) > (errsum + drl) / std::fabs(ps)) {
+                    partial_sum = true;
+                } else if (ier >= 1 && ier != 7) {
+                    abserr = abserr + drl;
+                }
+            }
+        }
+    }
+    if (partial_sum) {
+        // 80
+        result = psum[numrl2 - 1];
+        abserr = errsum + drl;
+    }
+    switch (ier) {
+        case 1:
+            return fail(D01ASF_msg::LIMLST_REACHED, limlst);
+        case 4:
+            return fail(D01ASF_msg::EXTRAPOLATION_ROUND_OFF);
+        case 7:
+            return fail(D01ASF_msg::INTERVAL_FAILURES);
+        default:
+            return;
+    }
+}
+
+}  // namespace lbx::calculus

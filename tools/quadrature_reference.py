@@ -18,6 +18,7 @@ with reals as exact hexadecimal floats.  Run from the repository root:
     /usr/bin/python3 tools/quadrature_reference.py --qaws > tests/data/quadrature_qaws.txt
     /usr/bin/python3 tools/quadrature_reference.py --qag-keys > tests/data/quadrature_qag_keys.txt
     /usr/bin/python3 tools/quadrature_reference.py --qawo > tests/data/quadrature_qawo.txt
+    /usr/bin/python3 tools/quadrature_reference.py --qawf > tests/data/quadrature_qawf.txt
 
 The third, QUADPACK's QAGI (DQAGIE, SciPy's compiled Fortran, D01AMF), is for
 the integrands of tests/calculus/quadrature_infinite.inc, one line each
@@ -33,7 +34,10 @@ QAWS needs A < B); the eighth, GSL's gsl_integration_qag with each of the
 six rules (D01AUF's KEY 1 to 6), for the first battery, the direction
 column carrying the key ("forward3"); the ninth, QUADPACK's QAWO (DQAWOE,
 SciPy, D01ANF, with the 21 levels of moments of the published driver
-DQAWO), for tests/calculus/quadrature_oscillatory.inc, both directions.
+DQAWO), for tests/calculus/quadrature_oscillatory.inc, both directions; the
+tenth, QUADPACK's QAWF (DQAWFE, SciPy, D01ASF, 21 levels of moments), for
+tests/calculus/quadrature_fourier.inc (direction "given", the column last
+holding LST).
 The first is QUADPACK's QAGS, the published Fortran DQAGSE as compiled into
 Debian's python3-scipy (D01AJF).  SciPy does not expose QAG, so the second is
 GSL's gsl_integration_qag with the 61-point rule (GSL_INTEG_GAUSS61), called
@@ -249,6 +253,29 @@ def main_oscillatory(root):
                   f"{info['neval']} {info['last']} {ier}")
 
 
+def main_fourier(root):
+    print("# QUADPACK QAWF (DQAWFE) reference: name direction result abserr neval lst ier")
+    print("# written by tools/quadrature_reference.py from tests/calculus/quadrature_fourier.inc")
+    for line in (root / "tests/calculus/quadrature_fourier.inc").read_text().splitlines():
+        m = re.match(r"^FOURIER\((\w+), (.*)\)$", line)
+        if not m:
+            continue
+        name = m.group(1)
+        expr, *tail = m.group(2).rsplit(", ", 6)
+        a, omega = float(tail[0]), float(tail[1])
+        key = int(tail[2])
+        epsabs, limlst, limit = float(tail[3]), int(tail[4]), int(tail[5])
+        code = compile(expr, name, "eval")
+
+        def f(x, code=code):
+            return float(eval(code, {"__builtins__": {}}, dict(NAMES, x=x)))
+
+        result, abserr, info, ier = _quadpack._qawfe(f, a, omega, key, (), 1, epsabs, limlst,
+                                                     limit, 21)
+        print(f"{name} given {float(result).hex()} {float(abserr).hex()} "
+              f"{info['neval']} {info['lst']} {ier}")
+
+
 def main_keys(root):
     gsl = Gsl()
     print("# GSL qag reference, keys 1 to 6: name direction+key result abserr neval last ier")
@@ -297,6 +324,8 @@ def main():
         return main_algebraic(root)
     if "--qawo" in sys.argv:
         return main_oscillatory(root)
+    if "--qawf" in sys.argv:
+        return main_fourier(root)
     if "--qag-keys" in sys.argv:
         return main_keys(root)
     qag = "--qag61" in sys.argv

@@ -180,6 +180,32 @@ const OscillatoryWeight oscillatory[] = {
 };
 #undef OSCILLATORY
 
+struct FourierIntegral {
+    const char* name;
+    double (*f)(const double*);
+    double a, omega;
+    int key;
+    double epsabs;
+    int limlst, limit;
+};
+
+#define FOURIER(name, expr, a, omega, key, epsabs, limlst, limit) \
+    {#name,                                                       \
+     [](const double* px) {                                       \
+         const double x = *px;                                    \
+         return expr;                                             \
+     },                                                           \
+     a,                                                           \
+     omega,                                                       \
+     key,                                                         \
+     epsabs,                                                      \
+     limlst,                                                      \
+     limit},
+const FourierIntegral fourier[] = {
+#include "tests/calculus/quadrature_fourier.inc"
+};
+#undef FOURIER
+
 // A traced caller's adapter: counts the calls in IUSER(1), then calls F.
 double counting_adapter(D01AJF_FFn fn, const double* x, int* iuser, double*)
 {
@@ -738,6 +764,69 @@ TEST(Quadrature, D01ANFEqualsPublishedQawoBitForBit)
     EXPECT_EQ(rows.size(), 2 * std::size(oscillatory));
 }
 
+struct FourierOutcome {
+    R raised;
+    double result = 0, abserr = 0;
+    int evals = 0, lst = 0;
+    std::vector<double> erlst, rslst;
+    std::vector<int> ierlst;
+};
+
+FourierOutcome d01asf(D01AJF_FFn f, double a, double omega, int key, double epsabs, int limlst,
+                      int lw, int liw)
+{
+    FourierOutcome r;
+    const int n = std::max(limlst, 1);
+    r.erlst.assign(n, -1.0);
+    r.rslst.assign(n, -1.0);
+    r.ierlst.assign(n, -1);
+    std::vector<double> w(std::max(lw, 1));
+    std::vector<int> iw(std::max(liw, 1));
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01asft_(f, &counting_adapter, &a, &omega, &key, &epsabs, &r.result, &r.abserr, &limlst,
+                 &r.lst, r.erlst.data(), r.rslst.data(), r.ierlst.data(), w.data(), &lw, iw.data(),
+                 &liw, &r.evals, ruser, errbuf, ifail, 200);
+    });
+    return r;
+}
+
+// QUADPACK's QAWF (SciPy's compiled Fortran, 21 levels of moments) on the
+// Fourier battery: RESULT, ABSERR, LST, the evaluations and the indicator
+// (QAWF's 1, 4 and 7 are IFAIL's); the interval results add up to the
+// partial sums, and no interval is reported beyond LST.
+TEST(Quadrature, D01ASFEqualsPublishedQawfBitForBit)
+{
+    const std::vector<Reference> rows = references("quadrature_qawf.txt");
+    for (const Reference& ref : rows)
+        if (const FourierIntegral* t = named(fourier, ref.name)) {
+            const FourierOutcome r = d01asf(t->f, t->a, t->omega, t->key, t->epsabs, t->limlst,
+                                            4 * t->limit, 2 * t->limit);
+            EXPECT_EQ(r.raised.ifail, ref.ier) << ref.what;
+            EXPECT_EQ(r.result, ref.result) << ref.what;
+            EXPECT_EQ(r.abserr, ref.abserr) << ref.what;
+            EXPECT_EQ(r.lst, ref.last) << ref.what;
+            EXPECT_EQ(r.evals, ref.neval) << ref.what;
+            for (int k = 0; k < r.lst; ++k) {
+                EXPECT_GE(r.ierlst[k], 0) << ref.what;
+                EXPECT_LE(r.ierlst[k], 5) << ref.what;
+            }
+            for (int k = r.lst; k < t->limlst; ++k)
+                EXPECT_EQ(r.ierlst[k], -1) << ref.what;
+        }
+    EXPECT_EQ(rows.size(), std::size(fourier));
+}
+
+double inv_sqrt_tiny(const double* x)
+{
+    return 1.0 / std::sqrt(*x + 1e-300);
+}
+
+R asf(D01AJF_FFn f, double omega, int key, double epsabs, int limlst, int lw, int liw)
+{
+    return d01asf(f, 0.0, omega, key, epsabs, limlst, lw, liw).raised;
+}
+
 double log_over_sqrt(const double* x)
 {
     return std::log(*x + 1e-300) / std::sqrt(*x + 1e-300);
@@ -948,6 +1037,41 @@ TEST(Quadrature, EveryMessage)
               "LW checked before LIW"},
             T{"D01ANF", "LIW_TOO_SMALL", [] { return anf(one, 5, 1, 0, 1e-10, 4, 1); }, {"1"}},
             T{"D01ANF", "", [] { return anf(gauss, -30, 2, -0.0, -1e-10, 200, 100); }},
+            T{"D01ASF",
+              "LIMLST_REACHED",
+              [] { return asf(inv_1px, 0.5, 2, 1e-12, 3, 400, 200); },
+              {"3"}},
+            T{"D01ASF", "EXTRAPOLATION_ROUND_OFF",
+              [] { return asf(inv_1px, 0.5, 2, 1e-17, 100, 400, 200); }},
+            T{"D01ASF", "INTERVAL_FAILURES",
+              [] { return asf(inv_sqrt_tiny, 1.5707963267948966, 1, 1e-8, 50, 12, 6); }},
+            T{"D01ASF",
+              "INTERVAL_FAILURES",
+              [] { return asf(inv_x, 0, 1, 1e-8, 50, 400, 200); },
+              {},
+              "OMEGA = 0: the one interval of QAGI"},
+            T{"D01ASF",
+              "KEY_INVALID",
+              [] { return asf(one, 1, 0, 0, 0, 0, 0); },
+              {"0"},
+              "KEY checked first"},
+            T{"D01ASF",
+              "EPSABS_ZERO",
+              [] { return asf(one, 1, 1, 0, 0, 0, 0); },
+              {e(0)},
+              "EPSABS checked before LIMLST"},
+            T{"D01ASF",
+              "LIMLST_TOO_SMALL",
+              [] { return asf(one, 1, 1, 1e-8, 2, 0, 0); },
+              {"2"},
+              "LIMLST checked before LW"},
+            T{"D01ASF",
+              "LW_TOO_SMALL",
+              [] { return asf(one, 1, 2, 1e-8, 3, 3, 0); },
+              {"3"},
+              "LW checked before LIW"},
+            T{"D01ASF", "LIW_TOO_SMALL", [] { return asf(one, 1, 1, 1e-8, 3, 4, 1); }, {"1"}},
+            T{"D01ASF", "", [] { return asf(gauss, -1, 1, -1e-10, 50, 400, 200); }},
             T{"D01APF",
               "LIMIT_REACHED",
               [] { return apf(sin_50, 0, 3, 0.5, 0.5, 1, 0, 1e-12, 8, 2); },
