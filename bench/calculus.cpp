@@ -15,7 +15,16 @@
 // For the principal values (tests/calculus/quadrature_cauchy.inc): lbxpv
 // (D01AQF) against gslpv (gsl_integration_qawc).
 // Two more rows per integrand: lbx61 (D01AKF) and gsl61 (gsl_integration_qag
-// with the 61-point rule, GSL_INTEG_GAUSS61).
+// with the 61-point rule, GSL_INTEG_GAUSS61); and lbxkey (D01AUF with KEY = 6,
+// the integrand looping over the 61 points) against gsl61.
+// For the weighted batteries: lbxosc (D01ANF) against gslosc
+// (gsl_integration_qawo, a table of 21 levels built before the timing: GSL
+// computes the Chebyshev moments once per OMEGA and length, D01ANF on each
+// call) on tests/calculus/quadrature_oscillatory.inc, limits as given; lbxalg (D01APF)
+// against gslalg (gsl_integration_qaws, its table of moments set on each call
+// as D01APF computes them) on quadrature_algebraic.inc; lbxfou
+// (D01ASF) against gslfou (gsl_integration_qawf, LIMLST cycles) on
+// quadrature_fourier.inc, the rows with OMEGA /= 0.
 // The counter "evals" is the number of integrand evaluations per integral.
 // tools/quadrature_bench_table.py turns the JSON output into the table.
 #include <benchmark/benchmark.h>
@@ -133,8 +142,102 @@ const PrincipalValue cauchy[] = {
 };
 #undef CAUCHY
 
+struct OscillatoryWeight {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, omega;
+    int key;
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define OSCILLATORY(name, expr, a, b, omega, key, epsabs, epsrel, limit) \
+    {#name,                                                              \
+     [](const double* px) {                                              \
+         const double x = *px;                                           \
+         return expr;                                                    \
+     },                                                                  \
+     a,                                                                  \
+     b,                                                                  \
+     omega,                                                              \
+     key,                                                                \
+     epsabs,                                                             \
+     epsrel,                                                             \
+     limit},
+const OscillatoryWeight oscillatory[] = {
+#include "../tests/calculus/quadrature_oscillatory.inc"
+};
+#undef OSCILLATORY
+
+struct AlgebraicWeight {
+    const char* name;
+    double (*f)(const double*);
+    double a, b, alfa, beta;
+    int key;
+    double epsabs, epsrel;
+    int limit;
+};
+
+#define ALGLOG(name, expr, a, b, alfa, beta, key, epsabs, epsrel, limit) \
+    {#name,                                                              \
+     [](const double* px) {                                              \
+         const double x = *px;                                           \
+         return expr;                                                    \
+     },                                                                  \
+     a,                                                                  \
+     b,                                                                  \
+     alfa,                                                               \
+     beta,                                                               \
+     key,                                                                \
+     epsabs,                                                             \
+     epsrel,                                                             \
+     limit},
+const AlgebraicWeight algebraic[] = {
+#include "../tests/calculus/quadrature_algebraic.inc"
+};
+#undef ALGLOG
+
+struct FourierIntegral {
+    const char* name;
+    double (*f)(const double*);
+    double a, omega;
+    int key;
+    double epsabs;
+    int limlst, limit;
+};
+
+#define FOURIER(name, expr, a, omega, key, epsabs, limlst, limit) \
+    {#name,                                                       \
+     [](const double* px) {                                       \
+         const double x = *px;                                    \
+         return expr;                                             \
+     },                                                           \
+     a,                                                           \
+     omega,                                                       \
+     key,                                                         \
+     epsabs,                                                      \
+     limlst,                                                      \
+     limit},
+const FourierIntegral fourier[] = {
+#include "../tests/calculus/quadrature_fourier.inc"
+};
+#undef FOURIER
+
 long g_calls = 0;
 const Integrand* g_current = nullptr;
+
+// The weighted batteries' integrand of the running row, counted.
+double (*g_weighted)(const double*) = nullptr;
+double counted_weighted(const double* x)
+{
+    ++g_calls;
+    return g_weighted(x);
+}
+double gsl_weighted(double x, void*)
+{
+    ++g_calls;
+    return g_weighted(&x);
+}
 
 const InfiniteRange* g_infinite = nullptr;
 
@@ -418,6 +521,26 @@ void bench_lbxvec(benchmark::State& state, const Integrand* t)
     report(state, g_calls, runs, ifail);
 }
 
+void bench_lbxkey(benchmark::State& state, const Integrand* t)
+{
+    g_current = t;
+    const int lw = 4 * t->limit, liw = t->limit, key = 6;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01auf_(vector_counted, &t->a, &t->b, &key, &t->epsabs, &t->epsrel, &result, &abserr,
+                w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
 void bench_lbxrel(benchmark::State& state, const Integrand* t)
 {
     g_current = t;
@@ -516,6 +639,144 @@ void bench_gsl(benchmark::State& state, const Integrand* t)
     report(state, g_calls, runs, status);
 }
 
+void bench_lbxosc(benchmark::State& state, const OscillatoryWeight* t)
+{
+    g_weighted = t->f;
+    const int lw = 4 * t->limit, liw = 2 * t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01anf_(counted_weighted, &t->a, &t->b, &t->omega, &t->key, &t->epsabs, &t->epsrel, &result,
+                &abserr, w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_gslosc(benchmark::State& state, const OscillatoryWeight* t)
+{
+    g_weighted = t->f;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_integration_qawo_table* table = gsl_integration_qawo_table_alloc(
+        t->omega, t->b - t->a, t->key == 1 ? GSL_INTEG_COSINE : GSL_INTEG_SINE, 21);
+    gsl_function f{gsl_weighted, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qawo(&f, t->a, t->epsabs, t->epsrel, t->limit, ws, table, &result,
+                                      &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_qawo_table_free(table);
+    gsl_integration_workspace_free(ws);
+    report(state, g_calls, runs, status);
+}
+
+void bench_lbxalg(benchmark::State& state, const AlgebraicWeight* t)
+{
+    g_weighted = t->f;
+    const int lw = 4 * t->limit, liw = t->limit;
+    std::vector<double> w(lw);
+    std::vector<int> iw(liw);
+    double result = 0, abserr = 0;
+    int ifail = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01apf_(counted_weighted, &t->a, &t->b, &t->alfa, &t->beta, &t->key, &t->epsabs, &t->epsrel,
+                &result, &abserr, w.data(), &lw, iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_gslalg(benchmark::State& state, const AlgebraicWeight* t)
+{
+    g_weighted = t->f;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    gsl_integration_qaws_table* table = gsl_integration_qaws_table_alloc(
+        t->alfa, t->beta, t->key == 2 || t->key == 4, t->key == 3 || t->key == 4);
+    gsl_function f{gsl_weighted, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        // The moments, as D01APF computes them on each call.
+        gsl_integration_qaws_table_set(table, t->alfa, t->beta, t->key == 2 || t->key == 4,
+                                       t->key == 3 || t->key == 4);
+        status = gsl_integration_qaws(&f, t->a, t->b, table, t->epsabs, t->epsrel, t->limit, ws,
+                                      &result, &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_qaws_table_free(table);
+    gsl_integration_workspace_free(ws);
+    report(state, g_calls, runs, status);
+}
+
+void bench_lbxfou(benchmark::State& state, const FourierIntegral* t)
+{
+    g_weighted = t->f;
+    const int lw = 4 * t->limit, liw = 2 * t->limit;
+    std::vector<double> w(lw), erlst(t->limlst), rslst(t->limlst);
+    std::vector<int> iw(liw), ierlst(t->limlst);
+    double result = 0, abserr = 0;
+    int ifail = 0, lst = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        ifail = 1;
+        d01asf_(counted_weighted, &t->a, &t->omega, &t->key, &t->epsabs, &result, &abserr,
+                &t->limlst, &lst, erlst.data(), rslst.data(), ierlst.data(), w.data(), &lw,
+                iw.data(), &liw, &ifail);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    report(state, g_calls, runs, ifail);
+}
+
+void bench_gslfou(benchmark::State& state, const FourierIntegral* t)
+{
+    g_weighted = t->f;
+    gsl_set_error_handler_off();
+    gsl_integration_workspace* ws = gsl_integration_workspace_alloc(t->limit);
+    // GSL's qawf takes LIMIT for the number of cycles as well, and returns 0
+    // at once with a cycle workspace smaller than LIMIT.
+    gsl_integration_workspace* cycles =
+        gsl_integration_workspace_alloc(std::max(t->limit, t->limlst));
+    gsl_integration_qawo_table* table = gsl_integration_qawo_table_alloc(
+        t->omega, 1.0, t->key == 1 ? GSL_INTEG_COSINE : GSL_INTEG_SINE, 21);
+    gsl_function f{gsl_weighted, nullptr};
+    double result = 0, abserr = 0;
+    int status = 0;
+    long runs = 0;
+    g_calls = 0;
+    for (auto _ : state) {
+        status = gsl_integration_qawf(&f, t->a, t->epsabs, t->limit, ws, cycles, table, &result,
+                                      &abserr);
+        benchmark::DoNotOptimize(result);
+        ++runs;
+    }
+    gsl_integration_qawo_table_free(table);
+    gsl_integration_workspace_free(cycles);
+    gsl_integration_workspace_free(ws);
+    report(state, g_calls, runs, status);
+}
+
 int register_all()
 {
     for (const Integrand& t : battery) {
@@ -525,6 +786,7 @@ int register_all()
         benchmark::RegisterBenchmark((std::string("lbx61/") + t.name).c_str(), bench_lbx61, &t);
         benchmark::RegisterBenchmark((std::string("lbxng/") + t.name).c_str(), bench_lbxng, &t);
         benchmark::RegisterBenchmark((std::string("lbxvec/") + t.name).c_str(), bench_lbxvec, &t);
+        benchmark::RegisterBenchmark((std::string("lbxkey/") + t.name).c_str(), bench_lbxkey, &t);
         if (t.epsabs == 0.0)
             benchmark::RegisterBenchmark((std::string("lbxrel/") + t.name).c_str(), bench_lbxrel,
                                          &t);
@@ -538,6 +800,20 @@ int register_all()
     for (const PrincipalValue& t : cauchy) {
         benchmark::RegisterBenchmark((std::string("lbxpv/") + t.name).c_str(), bench_lbxpv, &t);
         benchmark::RegisterBenchmark((std::string("gslpv/") + t.name).c_str(), bench_gslpv, &t);
+    }
+    for (const OscillatoryWeight& t : oscillatory) {
+        benchmark::RegisterBenchmark((std::string("lbxosc/") + t.name).c_str(), bench_lbxosc, &t);
+        benchmark::RegisterBenchmark((std::string("gslosc/") + t.name).c_str(), bench_gslosc, &t);
+    }
+    for (const AlgebraicWeight& t : algebraic) {
+        benchmark::RegisterBenchmark((std::string("lbxalg/") + t.name).c_str(), bench_lbxalg, &t);
+        benchmark::RegisterBenchmark((std::string("gslalg/") + t.name).c_str(), bench_gslalg, &t);
+    }
+    for (const FourierIntegral& t : fourier) {
+        if (t.omega == 0.0)
+            continue;
+        benchmark::RegisterBenchmark((std::string("lbxfou/") + t.name).c_str(), bench_lbxfou, &t);
+        benchmark::RegisterBenchmark((std::string("gslfou/") + t.name).c_str(), bench_gslfou, &t);
     }
     for (const InfiniteRange& t : infinite) {
         benchmark::RegisterBenchmark((std::string("lbxinf/") + t.name).c_str(), bench_lbxinf, &t);

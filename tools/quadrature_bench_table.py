@@ -12,7 +12,9 @@ GSL, the least CPU time over the repetitions) and what the entry layers and the
 adapter add per integrand call (time here less the core's, over the
 evaluations), and the geometric mean of the ratios; then the same for D01AKF
 against GSL's qag with the 61-point rule, D01AHF and D01ATF against GSL's qags, D01BDF against GSL's qng, D01ALF against GSL's qagp, D01AQF against GSL's qawc, and
-D01AMF against GSL's qagiu, qagil and qagi.
+D01AMF against GSL's qagiu, qagil and qagi, D01AUF (KEY = 6) against GSL's
+qag with the 61-point rule, D01ANF against GSL's qawo, D01APF against GSL's
+qaws and D01ASF against GSL's qawf.
 """
 import json
 import math
@@ -56,6 +58,11 @@ def pair_tables(by):
     pair_table(by, "lbxpv", "gslpv", "D01AQF against gsl_integration_qawc")
     pair_table(by, "lbxinf", "gslinf",
                "D01AMF against gsl_integration_qagiu, qagil or qagi (INF = 1, -1, 2)")
+    pair_table(by, "lbxkey", "gsl61",
+               "D01AUF (KEY = 6, vectorised integrand) against gsl_integration_qag, 61 points")
+    pair_table(by, "lbxosc", "gslosc", "D01ANF against gsl_integration_qawo (21 levels)")
+    pair_table(by, "lbxalg", "gslalg", "D01APF against gsl_integration_qaws")
+    pair_table(by, "lbxfou", "gslfou", "D01ASF against gsl_integration_qawf")
 
 
 def pair_table(by, ours, theirs, title):
