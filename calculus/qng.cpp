@@ -2,6 +2,7 @@
 // its successive Kronrod-Patterson extensions of 21, 43 and 87 points, each
 // reusing the values of the last, until the error estimate meets the
 // tolerance. The published order of operations is kept.
+#include <algorithm>
 #include <cmath>
 
 #include "calculus/kronrod.hpp"
@@ -183,6 +184,213 @@ void D01BDFN(const D01BDF_FProc& f, double a, double b, double epsabs, double ep
     auto eval = [&](double x) { return f(x, iuser, ruser); };
     if (!qng(eval, a, b, std::fabs(epsabs), std::fabs(epsrel), result, abserr)) {
         fail(D01BDF_msg::ACCURACY_NOT_REACHED, epsabs, epsrel);
+    }
+}
+
+}  // namespace lbx::calculus
+
+namespace lbx::calculus {
+
+namespace {
+
+// D01ARF's rules: the 10-point Gauss rule and its extensions of 21, 43 and 87
+// points (QNG's tables), as nodes t in [-1, 1] with their weights, the
+// centre first, then the pairs +-t in the order of the tables.
+struct SequenceRule {
+    int n = 0;
+    double t[87], w[87];
+    void pair(double x, double wt)
+    {
+        t[n] = x;
+        w[n++] = wt;
+        t[n] = -x;
+        w[n++] = wt;
+    }
+};
+
+SequenceRule sequence_rule(int rule)
+{
+    SequenceRule r;
+    switch (rule) {
+        case 1:
+            for (int k = 0; k < 5; ++k)
+                r.pair(x1[k], w10[k]);
+            break;
+        case 2:
+            r.t[r.n] = 0.0;
+            r.w[r.n++] = w21b[5];
+            for (int k = 0; k < 5; ++k)
+                r.pair(x1[k], w21a[k]);
+            for (int k = 0; k < 5; ++k)
+                r.pair(x2[k], w21b[k]);
+            break;
+        case 3:
+            r.t[r.n] = 0.0;
+            r.w[r.n++] = w43b[11];
+            for (int k = 0; k < 5; ++k)
+                r.pair(x1[k], w43a[k]);
+            for (int k = 0; k < 5; ++k)
+                r.pair(x2[k], w43a[5 + k]);
+            for (int k = 0; k < 11; ++k)
+                r.pair(x3[k], w43b[k]);
+            break;
+        default:
+            r.t[r.n] = 0.0;
+            r.w[r.n++] = w87b[22];
+            for (int k = 0; k < 5; ++k)
+                r.pair(x1[k], w87a[k]);
+            for (int k = 0; k < 5; ++k)
+                r.pair(x2[k], w87a[5 + k]);
+            for (int k = 0; k < 11; ++k)
+                r.pair(x3[k], w87a[10 + k]);
+            for (int k = 0; k < 22; ++k)
+                r.pair(x4[k], w87b[k]);
+            break;
+    }
+    return r;
+}
+
+// The Legendre polynomials P_0..P_m at t (p has m + 1 elements).
+void legendre(double t, int m, double* p)
+{
+    p[0] = 1.0;
+    if (m >= 1)
+        p[1] = t;
+    for (int k = 1; k < m; ++k)
+        p[k + 1] = ((2 * k + 1) * t * p[k] - k * p[k - 1]) / (k + 1);
+}
+
+// The layout of D01ARF's ALPHA: the interval, the error estimate, the
+// number of coefficients and the Legendre coefficients of f on the interval.
+constexpr int alpha_coefficients = 4;
+constexpr int alpha_length = 48;
+
+}  // namespace
+
+// D01ARF: the rule sequence of D01BDF (10, 21, 43 and 87 points, each
+// reusing the values of the last) with a plain error estimate, the
+// difference of the last two rules, and an indefinite-integration mode:
+// IPARM = 1 keeps the Legendre expansion of f on [A, B] computed with the
+// last rule in ALPHA; IPARM = 2 integrates that expansion over [A, B] inside
+// the first interval without calling F.
+void D01ARFN(const D01ARF_FProc& f, double a, double b, double relacc, double absacc, int maxrul,
+             int iparm, double& acc, double& ans, int& n, double* alpha, int* iuser, double* ruser,
+             lbx::Fail& fail)
+{
+    acc = 0.0;
+    ans = 0.0;
+    n = 0;
+    if (iparm < 0 || iparm > 2) {
+        return fail(D01ARF_msg::IPARM_INVALID, iparm);
+    }
+    if (iparm == 2) {
+        const double a0 = alpha[0], b0 = alpha[1];
+        const double count = alpha[3];
+        if (!(count == 5.0 || count == 11.0 || count == 22.0 || count == 44.0) || !(a0 != b0) ||
+            !std::isfinite(a0) || !std::isfinite(b0)) {
+            return fail(D01ARF_msg::NO_EXPANSION);
+        }
+        const int m = static_cast<int>(count);
+        const double lo = std::min(a0, b0), hi = std::max(a0, b0);
+        if (!(a >= lo && a <= hi && b >= lo && b <= hi)) {
+            return fail(D01ARF_msg::OUTSIDE_EXPANSION, a, b, a0, b0);
+        }
+        // t in [-1, 1] of x in [a0, b0]; the integral of P_k from t1 to t2 is
+        // (P_(k+1) - P_(k-1)) / (2k + 1) between them (k >= 1), t2 - t1 for k = 0.
+        const double t1 = (2.0 * a - a0 - b0) / (b0 - a0);
+        const double t2 = (2.0 * b - a0 - b0) / (b0 - a0);
+        double p1[46], p2[46];
+        legendre(t1, m, p1);
+        legendre(t2, m, p2);
+        double sum = alpha[alpha_coefficients] * (t2 - t1);
+        for (int k = 1; k < m; ++k) {
+            sum += alpha[alpha_coefficients + k] *
+                   ((p2[k + 1] - p2[k - 1]) - (p1[k + 1] - p1[k - 1])) / (2 * k + 1);
+        }
+        ans = 0.5 * (b0 - a0) * sum;
+        // The first call's error, in proportion to the length, and the two
+        // last terms of the series as the size of the terms left out.
+        const double tail = std::fabs(alpha[alpha_coefficients + m - 2]) +
+                            std::fabs(alpha[alpha_coefficients + m - 1]);
+        acc = alpha[2] * std::fabs(b - a) / std::fabs(b0 - a0) +
+              0.5 * std::fabs(b0 - a0) * tail * std::fabs(t2 - t1);
+        return;
+    }
+    if (maxrul <= 0 || maxrul > 4) {
+        maxrul = 4;
+    }
+    const double tol_abs = std::fabs(absacc), tol_rel = std::fabs(relacc);
+    const double hlgth = 0.5 * (b - a);
+    const double centr = 0.5 * (b + a);
+    // The values at the nodes of the 87-point rule, asked for rule by rule
+    // (each rule's nodes extend the last's); 87-point rule order.
+    const SequenceRule full = sequence_rule(4);
+    double fval[87];
+    bool have[87] = {};
+    auto value = [&](double t) {
+        for (int i = 0; i < full.n; ++i) {
+            if (full.t[i] == t) {
+                if (!have[i]) {
+                    fval[i] = f(centr + hlgth * t, iuser, ruser);
+                    have[i] = true;
+                    ++n;
+                }
+                return fval[i];
+            }
+        }
+        return 0.0;  // not reached: every node is one of the 87
+    };
+    double previous = 0.0;
+    int rule = 1;
+    SequenceRule r;
+    for (;; ++rule) {
+        r = sequence_rule(rule);
+        // QNG's sums: the centre, then each pair's two values added first.
+        double sum = 0.0;
+        int i = 0;
+        if (r.n % 2 == 1) {
+            sum = r.w[0] * value(0.0);
+            i = 1;
+        }
+        for (; i < r.n; i += 2) {
+            const double fplus = value(r.t[i]);
+            sum = sum + r.w[i] * (fplus + value(r.t[i + 1]));
+        }
+        ans = sum * hlgth;
+        acc = rule == 1 ? std::fabs(ans) : std::fabs(ans - previous);
+        previous = ans;
+        if (acc <= quadpack::dmax(tol_abs, tol_rel * std::fabs(ans)) || rule == maxrul) {
+            break;
+        }
+    }
+    if (iparm == 1) {
+        // c_k = (2k + 1)/2 times the rule applied to f P_k on [-1, 1].
+        const int m = (r.n + 1) / 2;
+        alpha[0] = a;
+        alpha[1] = b;
+        alpha[2] = acc;
+        alpha[3] = m;
+        double* c = alpha + alpha_coefficients;
+        for (int k = 0; k < m; ++k) {
+            c[k] = 0.0;
+        }
+        double p[46];
+        for (int i = 0; i < r.n; ++i) {
+            legendre(r.t[i], m - 1, p);
+            const double wf = r.w[i] * value(r.t[i]);
+            for (int k = 0; k < m; ++k) {
+                c[k] += wf * p[k];
+            }
+        }
+        for (int k = 0; k < m; ++k) {
+            c[k] *= 0.5 * (2 * k + 1);
+        }
+        for (int k = alpha_coefficients + m; k < alpha_length; ++k) {
+            alpha[k] = 0.0;
+        }
+    }
+    if (!(acc <= quadpack::dmax(tol_abs, tol_rel * std::fabs(ans)))) {
+        return fail(D01ARF_msg::ALL_RULES_USED, maxrul);
     }
 }
 

@@ -817,6 +817,11 @@ TEST(Quadrature, D01ASFEqualsPublishedQawfBitForBit)
     EXPECT_EQ(rows.size(), std::size(fourier));
 }
 
+double cubic(const double* x)
+{
+    return *x * *x * *x - *x * *x + 1.0;
+}
+
 double inv_sqrt_tiny(const double* x)
 {
     return 1.0 / std::sqrt(*x + 1e-300);
@@ -825,6 +830,82 @@ double inv_sqrt_tiny(const double* x)
 R asf(D01AJF_FFn f, double omega, int key, double epsabs, int limlst, int lw, int liw)
 {
     return d01asf(f, 0.0, omega, key, epsabs, limlst, lw, liw).raised;
+}
+
+struct RuleSequence {
+    R raised;
+    double acc = 0, ans = 0;
+    int n = 0, evals = 0;
+    std::vector<double> alpha = std::vector<double>(48, 0.0);
+};
+
+RuleSequence d01arf(D01AJF_FFn f, double a, double b, double relacc, double absacc, int maxrul,
+                    int iparm, const std::vector<double>* alpha = nullptr)
+{
+    RuleSequence r;
+    if (alpha)
+        r.alpha = *alpha;
+    int iuser[1] = {0};
+    double ruser[1] = {0};
+    r.raised = lbx::test::traced([&](char* errbuf, int* ifail) {
+        d01arft_(f, &counting_adapter, &a, &b, &relacc, &absacc, &maxrul, &iparm, &r.acc, &r.ans,
+                 &r.n, r.alpha.data(), iuser, ruser, errbuf, ifail, 200);
+    });
+    r.evals = iuser[0];
+    return r;
+}
+
+// D01ARF's rules are QNG's: with no tolerance it applies 2, 3 or 4 rules
+// as asked, and its ANS is GSL's qng RESULT after the same rule, bit for bit
+// (the first battery, both directions); it stops earlier only when two
+// rules agree exactly.
+TEST(Quadrature, D01ARFRulesAreQngs)
+{
+    const std::vector<Reference> rows = references("quadrature_qng.txt");
+    for (const Reference& ref : rows) {
+        const Integrand& t = find(ref.name);
+        const int maxrul = ref.neval == 21 ? 2 : ref.neval == 43 ? 3 : 4;
+        const RuleSequence r = d01arf(t.f, ref.lo(t.a, t.b), ref.hi(t.a, t.b), 0, 0, maxrul, 0);
+        EXPECT_EQ(r.ans, ref.result) << ref.what;
+        EXPECT_EQ(r.n, r.evals) << ref.what;
+        if (r.n < ref.neval)
+            EXPECT_EQ(r.acc, 0.0) << ref.what;
+        else
+            EXPECT_EQ(r.n, ref.neval) << ref.what;
+    }
+    EXPECT_EQ(rows.size(), 108u);
+}
+
+// The indefinite integrals of a call with IPARM = 2 against closed forms, from
+// the expansion a call with IPARM = 1 left in ALPHA; F not called.
+TEST(Quadrature, D01ARFIndefiniteIntegrals)
+{
+    const RuleSequence e = d01arf(gauss, -1.0, 2.0, 0, 1e-15, 0, 1);
+    ASSERT_EQ(e.raised.ifail, 0);
+    EXPECT_EQ(e.n, 43);  // the 21 and 43-point rules agree: 22 coefficients
+    EXPECT_NEAR(e.ans, 0.5 * std::sqrt(M_PI) * (std::erf(2.0) + std::erf(1.0)), 1e-14);
+    struct {
+        double a, b;
+    } parts[] = {{-1.0, 2.0}, {0.0, 1.0}, {0.5, -0.25}, {2.0, 2.0}, {-1.0, -0.9}};
+    for (const auto& p : parts) {
+        const RuleSequence s = d01arf(one, p.a, p.b, 0, 0, 0, 2, &e.alpha);
+        EXPECT_EQ(s.raised.ifail, 0);
+        EXPECT_EQ(s.evals, 0);
+        EXPECT_EQ(s.n, 0);
+        const double exact = 0.5 * std::sqrt(M_PI) * (std::erf(p.b) - std::erf(p.a));
+        // The series is cut after 22 terms: ACC (the size of the last terms)
+        // bounds the error, which is far below it.
+        EXPECT_NEAR(s.ans, exact, 1e-11) << p.a << " " << p.b;
+        EXPECT_LE(std::fabs(s.ans - exact), s.acc) << p.a << " " << p.b;
+        EXPECT_LT(s.acc, 1e-8) << p.a << " " << p.b;
+    }
+    // A cubic: the 21-point rule's 11 coefficients hold it exactly.
+    const RuleSequence c = d01arf(cubic, 1.0, 3.0, 0, 1e-12, 2, 1);
+    ASSERT_EQ(c.raised.ifail, 0);
+    EXPECT_EQ(c.n, 21);
+    EXPECT_NEAR(c.ans, 20.0 - 26.0 / 3.0 + 2.0, 1e-13);
+    const RuleSequence s = d01arf(one, 1.5, 2.0, 0, 0, 0, 2, &c.alpha);
+    EXPECT_NEAR(s.ans, (std::pow(2.0, 4) - std::pow(1.5, 4)) / 4 - (8.0 - 3.375) / 3 + 0.5, 1e-13);
 }
 
 double log_over_sqrt(const double* x)
@@ -1072,6 +1153,25 @@ TEST(Quadrature, EveryMessage)
               "LW checked before LIW"},
             T{"D01ASF", "LIW_TOO_SMALL", [] { return asf(one, 1, 1, 1e-8, 3, 4, 1); }, {"1"}},
             T{"D01ASF", "", [] { return asf(gauss, -1, 1, -1e-10, 50, 400, 200); }},
+            T{"D01ARF",
+              "ALL_RULES_USED",
+              [] { return d01arf(sqrt_end, 0, 1, 1e-10, 0, 0, 0).raised; },
+              {"4"},
+              "MAXRUL = 0 means all four rules"},
+            T{"D01ARF",
+              "ALL_RULES_USED",
+              [] { return d01arf(sqrt_end, 0, 1, 1e-10, 0, 2, 1).raised; },
+              {"2"}},
+            T{"D01ARF", "IPARM_INVALID", [] { return d01arf(one, 0, 1, 0, 0, 9, 3).raised; }, {"3"}},
+            T{"D01ARF", "NO_EXPANSION", [] { return d01arf(one, 0, 1, 0, 0, 0, 2).raised; }},
+            T{"D01ARF",
+              "OUTSIDE_EXPANSION",
+              [] {
+                  const RuleSequence e = d01arf(gauss, 0, 1, 0, 1e-10, 0, 1);
+                  return d01arf(one, 0.5, 1.5, 0, 0, 0, 2, &e.alpha).raised;
+              },
+              {e(0.5), e(1.5), e(0), e(1)}},
+            T{"D01ARF", "", [] { return d01arf(gauss, 0, 1, -1e-10, 0, -1, 1).raised; }},
             T{"D01APF",
               "LIMIT_REACHED",
               [] { return apf(sin_50, 0, 3, 0.5, 0.5, 1, 0, 1e-12, 8, 2); },
