@@ -289,4 +289,149 @@ TEST(RandomContinuous, FitsItsDistributionWithEveryGenerator)
     }
 }
 
+// Pearson's statistic of von Mises angles in 60 cells of (-pi, pi] against the density
+// exp(VK cos x), integrated per cell by Simpson's rule and normalised numerically.
+double von_mises_chi2(const std::vector<double>& x, double vk)
+{
+    const int cells = 60;
+    const double h = 2.0 * kPi / cells;
+    std::vector<double> p(cells), count(cells, 0.0);
+    for (int c = 0; c < cells; ++c) {
+        const double a = -kPi + c * h;
+        double s = 0.0;
+        for (int k = 0; k <= 100; ++k) {
+            const double w = (k == 0 || k == 100) ? 1.0 : (k % 2 ? 4.0 : 2.0);
+            s += w * std::exp(vk * (std::cos(a + k * h / 100) - 1.0));
+        }
+        p[c] = s;
+    }
+    const double total = std::accumulate(p.begin(), p.end(), 0.0);
+    for (double v : x) {
+        EXPECT_TRUE(v > -kPi && v <= kPi) << v;
+        count[std::clamp(static_cast<int>((v + kPi) / h), 0, cells - 1)] += 1;
+    }
+    double chi = 0.0;
+    for (int c = 0; c < cells; ++c) {
+        const double e = p[c] / total * static_cast<double>(x.size());
+        chi += (count[c] - e) * (count[c] - e) / e;
+    }
+    return chi;
+}
+
+TEST(RandomContinuous, VonMisesFitsItsDensity)
+{
+    const double threshold = 59 * std::pow(1 - 2.0 / 531 + 5.6 * std::sqrt(2.0 / 531), 3);
+    for (double vk : {0.0, 1e-9, 1e-6, 0.5, 4.0, 40.0}) {
+        for (int genid : {1, 3, 6}) {
+            std::vector<int> state = rt::make(genid, {99});
+            std::vector<double> x(200000);
+            ASSERT_EQ(one(g05snf_, vk)(200000, state, x.data()), 0);
+            EXPECT_LT(von_mises_chi2(x, vk), threshold) << vk << " GENID " << genid;
+            // E cos X = I1(VK) / I0(VK); Var cos X <= 1.
+            double c = 0.0;
+            for (double v : x)
+                c += std::cos(v);
+            const double expect =
+                vk == 0.0 ? 0.0 : std::cyl_bessel_i(1.0, vk) / std::cyl_bessel_i(0.0, vk);
+            EXPECT_LT(std::fabs(c / 200000 - expect), kZ / std::sqrt(200000.0)) << vk;
+        }
+    }
+}
+
+// Routines that invert one uniform per variate: the STATE after N variates is the STATE after
+// G05SAF's N uniforms (2N for the mixture), and degenerate parameters draw nothing.
+TEST(RandomContinuous, InversionUsesOneUniformPerVariate)
+{
+    struct Use {
+        const char* name;
+        Draw draw;
+        int per_variate;
+    };
+    const Use uses[] = {
+        {"Cauchy", two(g05scf_, 0.0, 1.0), 1},
+        {"exponential", one(g05sff_, 1.0), 1},
+        {"mixture", mixture({1.0, 2.0}, {0.5, 0.5}), 2},
+        {"logistic", two(g05slf_, 0.0, 1.0), 1},
+        {"log-normal", two(g05smf_, 0.0, 1.0), 1},
+        {"triangular", triangular(0.0, 1.0, 3.0), 1},
+        {"uniform", two(g05sqf_, 0.0, 1.0), 1},
+        {"Weibull", two(g05ssf_, 2.0, 1.0), 1},
+        {"von Mises 1e-9", one(g05snf_, 1e-9), 1},
+    };
+    for (int genid = 1; genid <= 6; ++genid) {
+        for (const Use& u : uses) {
+            std::vector<int> a = rt::make(genid, {31}), b = a;
+            std::vector<double> x(777);
+            ASSERT_EQ(u.draw(777, a, x.data()), 0) << u.name;
+            rt::uniforms(b, 777 * u.per_variate);
+            EXPECT_EQ(a, b) << u.name << " GENID " << genid;
+        }
+    }
+    struct Fixed {
+        const char* name;
+        Draw draw;
+        double value;
+    };
+    const Fixed fixed[] = {
+        {"Cauchy SEMIQR 0", two(g05scf_, -4.0, 0.0), -4.0},
+        {"exponential A 0", one(g05sff_, 0.0), 0.0},
+        {"logistic B 0", two(g05slf_, 7.0, 0.0), 7.0},
+        {"log-normal VAR 0", two(g05smf_, 0.0, 0.0), 1.0},
+        {"triangular XMIN = XMAX", triangular(2.5, 2.5, 2.5), 2.5},
+        {"uniform A = B", two(g05sqf_, -1.5, -1.5), -1.5},
+    };
+    for (const Fixed& f : fixed) {
+        std::vector<int> a = rt::make(2, {31});
+        const std::vector<int> before = a;
+        std::vector<double> x(5, 99.0);
+        ASSERT_EQ(f.draw(5, a, x.data()), 0) << f.name;
+        EXPECT_EQ(x, std::vector<double>(5, f.value)) << f.name;
+        EXPECT_EQ(a, before) << f.name << " draws nothing";
+    }
+}
+
+TEST(RandomContinuous, IndependentOfThreadCount)
+{
+    const int saved = omp_get_max_threads();
+    for (const Draw& d : {two(g05ssf_, 1.5, 2.0), two(g05smf_, 1.0, 2.0), two(g05scf_, 0.0, 1.0)}) {
+        std::vector<int> s1 = rt::make(1, {8}), s2 = s1;
+        std::vector<double> x1(100003), x2(100003);
+        omp_set_num_threads(1);
+        ASSERT_EQ(d(100003, s1, x1.data()), 0);
+        omp_set_num_threads(2);
+        ASSERT_EQ(d(100003, s2, x2.data()), 0);
+        EXPECT_EQ(x1, x2);
+        EXPECT_EQ(s1, s2);
+    }
+    omp_set_num_threads(saved);
+}
+
+// Dirichlet: every vector sums to 1; SORDER = 2 stores the transpose of SORDER = 1, each
+// vector drawn in the same order; rows beyond N (or M) are left alone.
+TEST(RandomContinuous, DirichletLayout)
+{
+    std::vector<double> a = {0.01, 0.7, 3.0, 40.0};
+    int n = 500, m = 4, ld1 = 503, ld2 = 6, s1o = 1, s2o = 2, ifail = 0;
+    std::vector<int> st1 = rt::make(4, {12}), st2 = st1;
+    std::vector<double> x1(ld1 * m, -1.0), x2(ld2 * n, -1.0);
+    g05sef_(&n, &m, a.data(), st1.data(), x1.data(), &ld1, &s1o, &ifail);
+    ASSERT_EQ(ifail, 0);
+    g05sef_(&n, &m, a.data(), st2.data(), x2.data(), &ld2, &s2o, &ifail);
+    ASSERT_EQ(ifail, 0);
+    EXPECT_EQ(st1, st2);
+    for (int i = 0; i < n; ++i) {
+        double sum = 0.0;
+        for (int j = 0; j < m; ++j) {
+            const double v = x1[i + j * ld1];
+            EXPECT_EQ(v, x2[j + i * ld2]);
+            EXPECT_TRUE(v >= 0.0 && v <= 1.0);
+            sum += v;
+        }
+        EXPECT_NEAR(sum, 1.0, 1e-15);
+        EXPECT_EQ(x1[n + i % 3], -1.0);
+        EXPECT_EQ(x2[m + i * ld2], -1.0);
+        EXPECT_EQ(x2[m + 1 + i * ld2], -1.0);
+    }
+}
+
 }  // namespace
