@@ -78,6 +78,60 @@ Raised sef(int n, std::vector<double> a, int ldx, int sorder, std::vector<int> s
     });
 }
 
+// Traced entry of a routine with arguments (MODE, N, P..., R, LR, STATE, X, LSTATE).
+template <class F, class... P>
+Raised moded(F f, int mode, int n, std::vector<double> r, std::vector<int> s, int lstate, P... p)
+{
+    if (lstate == 0)
+        lstate = s[0];
+    int lr = static_cast<int>(r.size());
+    if (r.empty())
+        r.push_back(0.0);
+    std::vector<int> x(n > 0 ? n : 1);
+    return traced([&](char* eb, int* i) {
+        f(&mode, &n, &p..., r.data(), &lr, s.data(), x.data(), &lstate, eb, i, 200);
+    });
+}
+
+// R set up by MODE 0 for parameters p.
+template <class F, class... P>
+std::vector<double> setup(F f, P... p)
+{
+    std::vector<double> r(20000);
+    std::vector<int> s = ok(), x(1);
+    int mode = 0, n = 0, lr = 20000, lstate = s[0];
+    char eb[200];
+    int ifail = 0;
+    f(&mode, &n, &p..., r.data(), &lr, s.data(), x.data(), &lstate, eb, &ifail, 200);
+    return r;
+}
+
+std::vector<double> damaged_r(std::vector<double> r)
+{
+    r[0] += 1.0;
+    return r;
+}
+
+Raised tbf(int n, double p, std::vector<int> s, int lstate = 0)
+{
+    if (lstate == 0)
+        lstate = s[0];
+    std::vector<int> x(n > 0 ? n : 1);
+    return traced(
+        [&](char* eb, int* i) { g05tbft_(&n, &p, s.data(), x.data(), &lstate, eb, i, 200); });
+}
+
+Raised tlf(int n, int a, int b, std::vector<int> s, int lstate = 0)
+{
+    if (lstate == 0)
+        lstate = s[0];
+    std::vector<int> x(n > 0 ? n : 1);
+    return traced(
+        [&](char* eb, int* i) { g05tlft_(&n, &a, &b, s.data(), x.data(), &lstate, eb, i, 200); });
+}
+
+const std::vector<double> big(20000);
+
 const double nan = std::numeric_limits<double>::quiet_NaN();
 const double inf = std::numeric_limits<double>::infinity();
 
@@ -375,9 +429,217 @@ std::vector<T> continuous_triggers()
     return t;
 }
 
+// Argument and state checks of the discrete generators: MODE, N, the parameters, the table's
+// length, R (MODE 1), LR (MODE 0 and 2), then STATE (only when variates are drawn).
+std::vector<T> discrete_triggers()
+{
+    using V = std::vector<double>;
+    return {
+        T{"G05TAF",
+          "MODE_RANGE",
+          [] { return moded(g05taft_, 4, -1, V{}, bad(), 0, -1, 2.0); },
+          {"4"}},
+        T{"G05TAF",
+          "MODE_RANGE",
+          [] { return moded(g05taft_, -1, 1, big, ok(), 0, 5, 0.5); },
+          {"-1"},
+          "MODE -1"},
+        T{"G05TAF",
+          "N_RANGE",
+          [] { return moded(g05taft_, 3, -1, V{}, bad(), 0, -1, 2.0); },
+          {"-1"}},
+        T{"G05TAF",
+          "M_RANGE",
+          [] { return moded(g05taft_, 3, 1, V{}, bad(), 0, -1, 2.0); },
+          {"-1"}},
+        T{"G05TAF",
+          "P_RANGE",
+          [] { return moded(g05taft_, 3, 1, V{}, bad(), 0, 1, 1.5); },
+          {e(1.5)}},
+        T{"G05TAF",
+          "P_RANGE",
+          [] { return moded(g05taft_, 3, 1, V{}, bad(), 0, 1, nan); },
+          {},
+          "P NaN"},
+        T{"G05TAF", "R_CORRUPT", [] { return moded(g05taft_, 1, 1, V(20000), bad(), 0, 5, 0.5); }},
+        T{"G05TAF",
+          "R_CORRUPT",
+          [] { return moded(g05taft_, 1, 1, damaged_r(setup(g05taft_, 5, 0.5)), ok(), 0, 5, 0.5); },
+          {},
+          "R damaged"},
+        T{"G05TAF",
+          "PARAMS_CHANGED",
+          [] { return moded(g05taft_, 1, 1, setup(g05taft_, 5, 0.5), bad(), 0, 6, 0.5); },
+          {"5", "6", e(0.5), e(0.5)}},
+        T{"G05TAF",
+          "LR_SMALL",
+          [] { return moded(g05taft_, 2, 1, V(8), bad(), 0, 5, 0.5); },
+          {"8", "11"}},
+        T{"G05TAF", "STATE_CORRUPT",
+          [] { return moded(g05taft_, 1, 1, setup(g05taft_, 5, 0.5), bad(), 0, 5, 0.5); }},
+        T{"G05TAF",
+          "LSTATE_MISMATCH",
+          [] { return moded(g05taft_, 3, 1, V{}, ok(), 5, 5, 0.5); },
+          {"5"}},
+        T{"G05TAF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 6;
+              return moded(g05taft_, 2, 1, big, s, 0, 5, 0.5);
+          }},
+        T{"G05TAF",
+          "",
+          [] { return moded(g05taft_, 0, 1, big, bad(), 0, 5, 0.5); },
+          {},
+          "MODE 0 needs no STATE"},
+        T{"G05TAF",
+          "",
+          [] { return moded(g05taft_, 2, 0, big, bad(), 0, 5, 0.5); },
+          {},
+          "N = 0 needs no STATE"},
+        T{"G05TAF",
+          "",
+          [] { return moded(g05taft_, 2, 3, V(11), ok(), 0, 5, 0.5); },
+          {},
+          "LR as long as required"},
+        T{"G05TCF", "MODE_RANGE", [] { return moded(g05tcft_, 5, 1, V{}, ok(), 0, 0.5); }},
+        T{"G05TCF", "N_RANGE", [] { return moded(g05tcft_, 3, -2, V{}, ok(), 0, 0.0); }, {"-2"}},
+        T{"G05TCF", "P_RANGE", [] { return moded(g05tcft_, 3, 1, V{}, bad(), 0, 0.0); }, {e(0.0)}},
+        T{"G05TCF",
+          "TABLE_TOO_LONG",
+          [] { return moded(g05tcft_, 2, 1, big, bad(), 0, 1e-7); },
+          {"10000000"}},
+        T{"G05TCF",
+          "",
+          [] { return moded(g05tcft_, 3, 1, V{}, ok(), 0, 1e-7); },
+          {},
+          "MODE 3 needs no table"},
+        T{"G05TCF",
+          "R_CORRUPT",
+          [] { return moded(g05tcft_, 1, 1, setup(g05taft_, 5, 0.5), bad(), 0, 0.5); },
+          {},
+          "R of another routine"},
+        T{"G05TCF",
+          "PARAMS_CHANGED",
+          [] { return moded(g05tcft_, 1, 1, setup(g05tcft_, 0.5), bad(), 0, 0.25); },
+          {e(0.5), e(0.25)}},
+        T{"G05TCF", "LR_SMALL", [] { return moded(g05tcft_, 0, 1, V(4), bad(), 0, 0.5); }},
+        T{"G05TCF", "STATE_CORRUPT", [] { return moded(g05tcft_, 3, 1, V{}, bad(), 0, 0.5); }},
+        T{"G05TCF", "LSTATE_MISMATCH", [] { return moded(g05tcft_, 3, 1, V{}, ok(), 18, 0.5); }},
+        T{"G05TCF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 2;
+              return moded(g05tcft_, 3, 1, V{}, s, 0, 0.5);
+          }},
+        T{"G05TEF", "MODE_RANGE", [] { return moded(g05teft_, 9, 1, V{}, ok(), 0, 10, 5, 5); }},
+        T{"G05TEF", "N_RANGE", [] { return moded(g05teft_, 3, -1, V{}, ok(), 0, 10, 5, 5); }},
+        T{"G05TEF",
+          "NS_RANGE",
+          [] { return moded(g05teft_, 3, 1, V{}, ok(), 0, -1, 5, 5); },
+          {"-1"}},
+        T{"G05TEF",
+          "NP_RANGE",
+          [] { return moded(g05teft_, 3, 1, V{}, ok(), 0, 10, 11, 5); },
+          {"11", "10"}},
+        T{"G05TEF",
+          "M_RANGE",
+          [] { return moded(g05teft_, 3, 1, V{}, ok(), 0, 10, 10, -1); },
+          {"-1", "10"}},
+        T{"G05TEF", "R_CORRUPT", [] { return moded(g05teft_, 1, 1, V{1.0}, ok(), 0, 10, 5, 5); }},
+        T{"G05TEF",
+          "PARAMS_CHANGED",
+          [] { return moded(g05teft_, 1, 1, setup(g05teft_, 10, 5, 5), ok(), 0, 10, 5, 4); },
+          {"10", "5", "5", "10", "5", "4"}},
+        T{"G05TEF", "LR_SMALL", [] { return moded(g05teft_, 2, 1, V(7), ok(), 0, 10, 5, 5); }},
+        T{"G05TEF", "STATE_CORRUPT", [] { return moded(g05teft_, 3, 1, V{}, bad(), 0, 10, 5, 5); }},
+        T{"G05TEF", "LSTATE_MISMATCH",
+          [] { return moded(g05teft_, 3, 1, V{}, ok(), 2, 10, 5, 5); }},
+        T{"G05TEF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 3;
+              return moded(g05teft_, 3, 1, V{}, s, 0, 10, 5, 5);
+          }},
+        T{"G05TEF", "", [] { return moded(g05teft_, 2, 5, big, ok(), 0, 0, 0, 0); }, {}, "NS = 0"},
+        T{"G05TFF", "MODE_RANGE", [] { return moded(g05tfft_, 4, 1, V{}, ok(), 0, 0.5); }},
+        T{"G05TFF", "N_RANGE", [] { return moded(g05tfft_, 3, -1, V{}, ok(), 0, 0.5); }},
+        T{"G05TFF", "A_RANGE", [] { return moded(g05tfft_, 3, 1, V{}, ok(), 0, 1.0); }, {e(1.0)}},
+        T{"G05TFF", "TABLE_TOO_LONG",
+          [] { return moded(g05tfft_, 0, 1, big, ok(), 0, 1.0 - 1e-9); }},
+        T{"G05TFF",
+          "",
+          [] { return moded(g05tfft_, 3, 100, V{}, ok(), 0, 1.0 - 1e-9); },
+          {},
+          "MODE 3 needs no table"},
+        T{"G05TFF", "R_CORRUPT", [] { return moded(g05tfft_, 1, 1, V(3), ok(), 0, 0.5); }},
+        T{"G05TFF",
+          "PARAMS_CHANGED",
+          [] { return moded(g05tfft_, 1, 1, setup(g05tfft_, 0.5), ok(), 0, 0.75); },
+          {e(0.5), e(0.75)}},
+        T{"G05TFF", "LR_SMALL", [] { return moded(g05tfft_, 2, 1, V(9), ok(), 0, 0.5); }},
+        T{"G05TFF", "STATE_CORRUPT", [] { return moded(g05tfft_, 2, 1, big, bad(), 0, 0.5); }},
+        T{"G05TFF", "LSTATE_MISMATCH", [] { return moded(g05tfft_, 3, 1, V{}, ok(), 3, 0.5); }},
+        T{"G05TFF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 4;
+              return moded(g05tfft_, 3, 1, V{}, s, 0, 0.5);
+          }},
+        T{"G05THF", "MODE_RANGE", [] { return moded(g05thft_, 4, 1, V{}, ok(), 0, 1, 0.5); }},
+        T{"G05THF", "N_RANGE", [] { return moded(g05thft_, 3, -1, V{}, ok(), 0, 1, 0.5); }},
+        T{"G05THF", "M_RANGE", [] { return moded(g05thft_, 3, 1, V{}, ok(), 0, 0, 0.5); }, {"0"}},
+        T{"G05THF",
+          "P_RANGE",
+          [] { return moded(g05thft_, 3, 1, V{}, ok(), 0, 1, 0.0); },
+          {e(0.0)}},
+        T{"G05THF",
+          "TABLE_TOO_LONG",
+          [] { return moded(g05thft_, 3, 1, V{}, ok(), 0, 1, 1e-7); },
+          {},
+          "MODE 3 builds the table too"},
+        T{"G05THF", "R_CORRUPT",
+          [] { return moded(g05thft_, 1, 1, setup(g05taft_, 1, 0.5), ok(), 0, 1, 0.5); }},
+        T{"G05THF", "PARAMS_CHANGED",
+          [] { return moded(g05thft_, 1, 1, setup(g05thft_, 1, 0.5), ok(), 0, 1, 0.5 + 1e-16); }},
+        T{"G05THF", "LR_SMALL", [] { return moded(g05thft_, 0, 1, V(6), ok(), 0, 1, 0.5); }},
+        T{"G05THF", "STATE_CORRUPT", [] { return moded(g05thft_, 3, 1, V{}, bad(), 0, 1, 0.5); }},
+        T{"G05THF", "LSTATE_MISMATCH", [] { return moded(g05thft_, 3, 1, V{}, ok(), 99, 1, 0.5); }},
+        T{"G05THF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 5;
+              return moded(g05thft_, 3, 1, V{}, s, 0, 1, 0.5);
+          }},
+        T{"G05TBF", "N_RANGE", [] { return tbf(-1, 2.0, bad()); }, {"-1"}},
+        T{"G05TBF", "P_RANGE", [] { return tbf(1, -0.1, bad()); }, {e(-0.1)}},
+        T{"G05TBF", "STATE_CORRUPT", [] { return tbf(1, 0.5, bad()); }},
+        T{"G05TBF", "LSTATE_MISMATCH", [] { return tbf(1, 0.5, ok(), 20); }},
+        T{"G05TBF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 6;
+              return tbf(1, 0.5, s);
+          }},
+        T{"G05TBF", "", [] { return tbf(0, 2.0, bad()); }, {}, "N = 0 first"},
+        T{"G05TLF", "N_RANGE", [] { return tlf(-1, 2, 1, bad()); }},
+        T{"G05TLF", "B_RANGE", [] { return tlf(1, 2, 1, bad()); }, {"2", "1"}},
+        T{"G05TLF", "STATE_CORRUPT", [] { return tlf(1, 1, 1, bad()); }},
+        T{"G05TLF", "LSTATE_MISMATCH", [] { return tlf(1, 1, 2, ok(), 16); }},
+        T{"G05TLF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 3;
+              return tlf(1, 1, 2, s);
+          }},
+    };
+}
+
 std::vector<T> plus_variates(std::vector<T> triggers)
 {
     for (T& t : continuous_triggers())
+        triggers.push_back(std::move(t));
+    for (T& t : discrete_triggers())
         triggers.push_back(std::move(t));
     return triggers;
 }
