@@ -87,10 +87,16 @@ double binomial_pmf(double x, double n, double p, double q)
     return std::exp(lc - 0.5 * lf);
 }
 
+struct Extent {
+    double lo, count;
+};
+
 // A distribution on the integers lo_s..hi_s with its mean and probability function.
 struct Dist {
     double lo_s, hi_s, mean;
     virtual double pmf(double k) const = 0;
+    // The tabulated range; null: found from the mean outwards (extent below).
+    virtual const Extent* given_range() const { return nullptr; }
     virtual ~Dist() = default;
 };
 
@@ -195,13 +201,11 @@ double tail_end(const Dist& d, double start, int dir)
     return bad;
 }
 
-struct Extent {
-    double lo, count;
-};
-
 // The tabulated range: from the mean outwards (the mode lies within 1 of the mean).
 Extent extent(const Dist& d)
 {
+    if (const Extent* e = d.given_range())
+        return *e;
     double c = std::clamp(std::floor(d.mean), d.lo_s, d.hi_s);
     // Start from the more probable neighbour so that the walk starts at or next to the mode.
     if (c + 1.0 <= d.hi_s && d.pmf(c + 1.0) > d.pmf(c))
@@ -263,8 +267,8 @@ struct Reference {
                 return false;
         }
         const double lo = r[h - 2], m = r[h - 1];
-        return lo == std::floor(lo) && lo >= 0.0 && lo <= kIntMax && m == std::floor(m) &&
-               m >= 1.0 && m <= lr - h && lo + m - 1.0 <= kIntMax &&
+        return lo == std::floor(lo) && lo >= -kIntMax - 1.0 && lo <= kIntMax &&
+               m == std::floor(m) && m >= 1.0 && m <= lr - h && lo + m - 1.0 <= kIntMax &&
                r[h + static_cast<int>(m) - 1] == 1.0;
     }
 
@@ -482,6 +486,100 @@ void G05THFN(int mode, int n, int m, double p, double* r, int lr, int* state, in
         mode, n, d, ref, r, lr, state, x, lstate, fail,
         [&](const double* rr) { fail(Msg::PARAMS_CHANGED, static_cast<int>(rr[1]), m, rr[2], p); },
         no_mode3, true);
+}
+
+// A distribution given by its probabilities (ITYPE 1) or distribution function (ITYPE 2) on
+// IP1, ..., IP1 + NP - 1.
+struct Given final : Dist {
+    const double* p;
+    int itype;
+    Extent range;
+    Given(const double* p_, int np, int ip1, int itype_)
+        : p(p_), itype(itype_), range{double(ip1), double(np)}
+    {
+        lo_s = ip1;
+        hi_s = ip1 + (np - 1.0);
+        mean = lo_s;
+    }
+    double pmf(double k) const override
+    {
+        const int j = static_cast<int>(k - lo_s);
+        if (itype == 1)
+            return p[j];
+        return j == 0 ? p[0] : std::max(0.0, p[j] - p[j - 1]);
+    }
+    const Extent* given_range() const override { return &range; }
+};
+
+void G05TDFN(int mode, int n, const double* p, int np, int ip1, int itype, double* r, int lr,
+             int* state, int* x, int lstate, lbx::Fail& fail)
+{
+    using Msg = G05TDF_msg;
+    if (mode < 0 || mode > 3)
+        return fail(Msg::MODE_RANGE, mode);
+    if (n < 0)
+        return fail(Msg::N_RANGE, n);
+    if (np < 1)
+        return fail(Msg::NP_RANGE, np);
+    if (static_cast<double>(ip1) + np - 1.0 > kIntMax)
+        return fail(Msg::IP1_RANGE, ip1, np);
+    if (itype != 1 && itype != 2)
+        return fail(Msg::ITYPE_RANGE, itype);
+    const double tol = 10.0 * np * std::numeric_limits<double>::epsilon();
+    if (itype == 1) {
+        double sum = 0.0;
+        for (int j = 0; j < np; ++j) {
+            if (!(p[j] >= 0.0) || std::isinf(p[j]))
+                return fail(Msg::P_NEGATIVE, j + 1, p[j]);
+            sum += p[j];
+        }
+        if (!(std::fabs(sum - 1.0) <= tol))
+            return fail(Msg::P_SUM, sum, tol);
+    } else {
+        if (!(p[0] >= 0.0))
+            return fail(Msg::P_NEGATIVE, 1, p[0]);
+        for (int j = 1; j < np; ++j) {
+            if (!(p[j] >= p[j - 1]))
+                return fail(Msg::CDF_DECREASING, j + 1, p[j], j, p[j - 1]);
+        }
+        if (!(std::fabs(p[np - 1] - 1.0) <= tol))
+            return fail(Msg::CDF_END, np, p[np - 1], tol);
+    }
+    const Given d(p, np, ip1, itype);
+    const Reference<Msg> ref{
+        4104.0, {static_cast<double>(np), static_cast<double>(ip1), static_cast<double>(itype)}};
+    run_table(
+        mode, n, d, ref, r, lr, state, x, lstate, fail,
+        [&](const double* rr) {
+            fail(Msg::PARAMS_CHANGED, static_cast<int>(rr[1]), static_cast<int>(rr[2]),
+                 static_cast<int>(rr[3]), np, ip1, itype);
+        },
+        no_mode3, true);
+}
+
+// Poisson with means VLAMDA(i): each variate as G05TJF draws it with MODE 3 (inversion by
+// sequential search below 10, Hormann's PTRS from 10), serially.
+void G05TKFN(int n, const double* vlamda, int* state, int* x, int lstate, lbx::Fail& fail)
+{
+    if (n < 0)
+        return fail(G05TKF_msg::N_RANGE, n);
+    if (n == 0)
+        return;
+    for (int i = 0; i < n; ++i) {
+        if (!(vlamda[i] >= 0.0 && vlamda[i] <= 2.0e9))
+            return fail(G05TKF_msg::VLAMDA_RANGE, i + 1, vlamda[i], 2.0e9);
+    }
+    if (!state_usable<G05TKF_msg>(state, lstate, fail))
+        return;
+    char errbuf[lbx::errbuf_length];
+    int ifail = 0;
+    double r = 0.0;
+    for (int i = 0; i < n; ++i) {
+        lbx::Fail inner(errbuf, ifail);
+        G05TJFN(3, 1, vlamda[i], &r, 1, state, x + i, lstate, inner);
+        if (inner.failed())
+            return fail(G05TKF_msg::GENERATOR_STUCK, 1000);
+    }
 }
 
 void G05TBFN(int n, double p, int* state, lbx::Logical* x, int lstate, lbx::Fail& fail)

@@ -132,6 +132,43 @@ Raised tlf(int n, int a, int b, std::vector<int> s, int lstate = 0)
 
 const std::vector<double> big(20000);
 
+Raised tdf(int mode, int n, std::vector<double> p, int ip1, int itype, std::vector<double> r,
+           std::vector<int> s, int lstate = 0)
+{
+    if (lstate == 0)
+        lstate = s[0];
+    int np = static_cast<int>(p.size()), lr = static_cast<int>(r.size());
+    if (p.empty())
+        p.push_back(1.0);
+    if (r.empty())
+        r.push_back(0.0);
+    std::vector<int> x(n > 0 ? n : 1);
+    return traced([&](char* eb, int* i) {
+        g05tdft_(&mode, &n, p.data(), &np, &ip1, &itype, r.data(), &lr, s.data(), x.data(), &lstate,
+                 eb, i, 200);
+    });
+}
+
+std::vector<double> tdf_setup(std::vector<double> p, int ip1, int itype)
+{
+    std::vector<double> r(100);
+    std::vector<int> s = ok(), x(1);
+    int mode = 0, n = 0, np = static_cast<int>(p.size()), lr = 100, ifail = 1;
+    g05tdf_(&mode, &n, p.data(), &np, &ip1, &itype, r.data(), &lr, s.data(), x.data(), &ifail);
+    return r;
+}
+
+Raised tkf(int n, std::vector<double> v, std::vector<int> s, int lstate = 0)
+{
+    if (lstate == 0)
+        lstate = s[0];
+    if (v.empty())
+        v.push_back(0.0);
+    std::vector<int> x(n > 0 ? n : 1);
+    return traced(
+        [&](char* eb, int* i) { g05tkft_(&n, v.data(), s.data(), x.data(), &lstate, eb, i, 200); });
+}
+
 const double nan = std::numeric_limits<double>::quiet_NaN();
 const double inf = std::numeric_limits<double>::infinity();
 
@@ -611,6 +648,109 @@ std::vector<T> discrete_triggers()
               s[2] = 5;
               return moded(g05thft_, 3, 1, V{}, s, 0, 1, 0.5);
           }},
+        T{"G05TDF", "MODE_RANGE", [] { return tdf(7, 1, {}, 0, 0, V{}, bad()); }, {"7"}},
+        T{"G05TDF", "N_RANGE", [] { return tdf(3, -1, {}, 0, 0, V{}, bad()); }},
+        T{"G05TDF", "NP_RANGE", [] { return tdf(3, 1, {}, 0, 0, V{}, bad()); }, {"0"}},
+        T{"G05TDF",
+          "IP1_RANGE",
+          [] {
+              return tdf(3, 1, {0.5, 0.5}, 2147483647, 0, V{}, bad());
+          },
+          {"2147483647", "2"}},
+        T{"G05TDF",
+          "ITYPE_RANGE",
+          [] {
+              return tdf(3, 1, {-0.5, 0.5}, 0, 3, V{}, bad());
+          },
+          {"3"}},
+        T{"G05TDF",
+          "P_NEGATIVE",
+          [] {
+              return tdf(3, 1, {1.5, -0.5}, 0, 1, V{}, bad());
+          },
+          {"2", e(-0.5)}},
+        T{"G05TDF",
+          "P_NEGATIVE",
+          [] {
+              return tdf(3, 1, {-0.5, 1.0}, 0, 2, V{}, bad());
+          },
+          {},
+          "ITYPE 2"},
+        T{"G05TDF", "P_SUM",
+          [] {
+              return tdf(3, 1, {0.5, 0.25}, 0, 1, V{}, bad());
+          }},
+        T{"G05TDF",
+          "CDF_DECREASING",
+          [] {
+              return tdf(3, 1, {0.5, 0.25, 1.0}, 0, 2, V{}, bad());
+          },
+          {"2", e(0.25), "1", e(0.5)}},
+        T{"G05TDF", "CDF_END",
+          [] {
+              return tdf(3, 1, {0.5, 0.75}, 0, 2, V{}, bad());
+          }},
+        T{"G05TDF", "R_CORRUPT",
+          [] {
+              return tdf(1, 1, {0.5, 0.5}, 0, 1, V(50), bad());
+          }},
+        T{"G05TDF",
+          "PARAMS_CHANGED",
+          [] {
+              return tdf(1, 1, {0.5, 0.5}, 1, 1, tdf_setup({0.5, 0.5}, 0, 1), bad());
+          },
+          {"2", "0", "1", "2", "1", "1"}},
+        T{"G05TDF",
+          "LR_SMALL",
+          [] {
+              return tdf(2, 1, {0.5, 0.5}, -7, 1, V(7), bad());
+          },
+          {"7", "8"}},
+        T{"G05TDF", "STATE_CORRUPT",
+          [] {
+              return tdf(2, 1, {0.5, 0.5}, -7, 1, V(8), bad());
+          }},
+        T{"G05TDF", "LSTATE_MISMATCH",
+          [] {
+              return tdf(3, 1, {0.5, 0.5}, 0, 1, V{}, ok(), 4);
+          }},
+        T{"G05TDF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 3;
+              return tdf(3, 1, {1.0}, 0, 1, V{}, s);
+          }},
+        T{"G05TDF",
+          "",
+          [] {
+              return tdf(1, 1, {0.5, 0.5}, -7, 1, tdf_setup({0.5, 0.5}, -7, 1), ok());
+          },
+          {},
+          "negative IP1 in R"},
+        T{"G05TKF", "N_RANGE", [] { return tkf(-1, {}, bad()); }},
+        T{"G05TKF",
+          "VLAMDA_RANGE",
+          [] {
+              return tkf(3, {1.0, 2.0, -1.0}, bad());
+          },
+          {"3", e(-1.0), e(2e9)}},
+        T{"G05TKF", "VLAMDA_RANGE", [] { return tkf(1, {3e9}, bad()); }, {}, "above 2e9"},
+        T{"G05TKF", "STATE_CORRUPT", [] { return tkf(1, {1.0}, bad()); }},
+        T{"G05TKF", "LSTATE_MISMATCH", [] { return tkf(1, {1.0}, ok(), 6); }},
+        T{"G05TKF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 2;
+              return tkf(1, {1.0}, s);
+          }},
+        T{"G05TKF",
+          "GENERATOR_STUCK",
+          [] {
+              std::vector<int> s = ok(6);
+              s[15] = 1;
+              return tkf(2, {1.0, 30.0}, s);
+          },
+          {"1000"}},
         T{"G05TBF", "N_RANGE", [] { return tbf(-1, 2.0, bad()); }, {"-1"}},
         T{"G05TBF", "P_RANGE", [] { return tbf(1, -0.1, bad()); }, {e(-0.1)}},
         T{"G05TBF", "STATE_CORRUPT", [] { return tbf(1, 0.5, bad()); }},
