@@ -292,4 +292,76 @@ TEST(RandomDiscrete, LogicalAndUniformIntegers)
     EXPECT_EQ(x, std::vector<int>(100000, 1));
 }
 
+// General discrete: probabilities and the equivalent distribution function give the same
+// variates; zero-probability values never occur; counts fit.
+TEST(RandomDiscrete, GeneralDiscrete)
+{
+    std::vector<double> p = {0.1, 0.0, 0.3, 0.6, 0.0}, cdf = {0.1, 0.1, 0.4, 1.0, 1.0};
+    for (int genid = 1; genid <= 6; ++genid) {
+        std::vector<int> s1 = rt::make(genid, {4}), s2 = s1, s3 = s1, x1(100000), x2(100000),
+                         x3(100000);
+        std::vector<double> r(20);
+        int n = 100000, np = 5, ip1 = -2, lr = 20, ifail = 1, one = 1, two = 2;
+        int mode = 2;
+        g05tdf_(&mode, &n, p.data(), &np, &ip1, &one, r.data(), &lr, s1.data(), x1.data(), &ifail);
+        ASSERT_EQ(ifail, 0);
+        g05tdf_(&mode, &n, cdf.data(), &np, &ip1, &two, r.data(), &lr, s2.data(), x2.data(),
+                &ifail);
+        ASSERT_EQ(ifail, 0);
+        mode = 3;
+        g05tdf_(&mode, &n, p.data(), &np, &ip1, &one, r.data(), &lr, s3.data(), x3.data(), &ifail);
+        ASSERT_EQ(ifail, 0);
+        EXPECT_EQ(x1, x2);
+        EXPECT_EQ(x1, x3);
+        double count[5] = {0, 0, 0, 0, 0};
+        for (int v : x1) {
+            ASSERT_TRUE(v == -2 || v == 0 || v == 1) << v;
+            count[v + 2] += 1;
+        }
+        double chi = 0.0;
+        for (int k : {0, 2, 3})
+            chi += (count[k] - n * p[k]) * (count[k] - n * p[k]) / (n * p[k]);
+        EXPECT_LT(chi, chi2_threshold(2)) << genid;
+    }
+}
+
+// Varying means: the variates drawn for each mean fit its Poisson distribution; a constant
+// vector gives what G05TJF gives with MODE 3.
+TEST(RandomDiscrete, PoissonWithVaryingMeans)
+{
+    const double means[] = {0.5, 4.0, 30.0, 1e5};
+    const int n = 400000;
+    std::vector<double> v(n);
+    for (int i = 0; i < n; ++i)
+        v[i] = means[i % 4];
+    std::vector<int> s = rt::make(3, {21}), x(n);
+    int nn = n, ifail = 1;
+    g05tkf_(&nn, v.data(), s.data(), x.data(), &ifail);
+    ASSERT_EQ(ifail, 0);
+    for (int j = 0; j < 4; ++j) {
+        const double lambda = means[j];
+        std::vector<int> sub;
+        for (int i = j; i < n; i += 4)
+            sub.push_back(x[i]);
+        int df = 0;
+        const double chi = chi2_counts(
+            sub,
+            [=](int k) {
+                return k < 0 ? 0.0 : std::exp(k * std::log(lambda) - lambda - std::lgamma(k + 1.0));
+            },
+            0, static_cast<int>(lambda), &df);
+        EXPECT_LT(chi, chi2_threshold(df)) << lambda;
+    }
+    std::vector<int> a = rt::make(1, {9}), b = a, xa(1000), xb(1000);
+    std::vector<double> c(1000, 12.5), r(1);
+    int m = 1000, mode = 3, lr = 1;
+    double lambda = 12.5;
+    g05tkf_(&m, c.data(), a.data(), xa.data(), &ifail);
+    ASSERT_EQ(ifail, 0);
+    g05tjf_(&mode, &m, &lambda, r.data(), &lr, b.data(), xb.data(), &ifail);
+    ASSERT_EQ(ifail, 0);
+    EXPECT_EQ(xa, xb);
+    EXPECT_EQ(a, b);
+}
+
 }  // namespace
