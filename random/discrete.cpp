@@ -582,6 +582,96 @@ void G05TKFN(int n, const double* vlamda, int* state, int* x, int lstate, lbx::F
     }
 }
 
+// Multinomial: each vector counts in which of the K categories M uniforms fall (binary search
+// in the cumulative probabilities): M uniforms per vector. R: R(1) = 4107, R(2) = M,
+// R(3) = K, R(4..3+K) the cumulative probabilities, the last 1.
+void G05TGFN(int mode, int n, int m, int k, const double* p, double* r, int lr, int* state, int* x,
+             int ldx, int sorder, int lstate, lbx::Fail& fail)
+{
+    using Msg = G05TGF_msg;
+    constexpr double kMarker = 4107.0;
+    if (mode < 0 || mode > 3)
+        return fail(Msg::MODE_RANGE, mode);
+    if (n < 0)
+        return fail(Msg::N_RANGE, n);
+    if (m < 0)
+        return fail(Msg::M_RANGE, m);
+    if (k < 2)
+        return fail(Msg::K_RANGE, k);
+    const double tol = 10.0 * k * std::numeric_limits<double>::epsilon();
+    if (mode != 1) {
+        double sum = 0.0;
+        for (int j = 0; j < k; ++j) {
+            if (!(p[j] >= 0.0) || std::isinf(p[j]))
+                return fail(Msg::P_NEGATIVE, j + 1, p[j]);
+            sum += p[j];
+        }
+        if (!(std::fabs(sum - 1.0) <= tol))
+            return fail(Msg::P_SUM, sum, tol);
+    }
+    if (mode != 0) {
+        if (sorder != 1 && sorder != 2)
+            return fail(Msg::SORDER_RANGE, sorder);
+        if (sorder == 1 && ldx < n)
+            return fail(Msg::LDX_N, ldx, n);
+        if (sorder == 2 && ldx < k)
+            return fail(Msg::LDX_K, ldx, k);
+    }
+    if (mode == 1) {
+        if (lr < 4 || r[0] != kMarker || !(r[2] >= 2.0) || r[2] > lr - 3.0 ||
+            r[2] != std::floor(r[2]) || r[3 + static_cast<int>(r[2]) - 1] != 1.0)
+            return fail(Msg::R_CORRUPT);
+        if (r[1] != m || r[2] != k)
+            return fail(Msg::PARAMS_CHANGED, static_cast<int>(r[1]), static_cast<int>(r[2]), m, k);
+    }
+    if ((mode == 0 || mode == 2) && lr < k + 3)
+        return fail(Msg::LR_SMALL, lr, k + 3);
+    if (mode != 0 && n > 0) {
+        if (!state_usable<Msg>(state, lstate, fail))
+            return;
+    }
+    std::vector<double> local;
+    const double* cum;
+    if (mode == 3) {
+        local.resize(k);
+        cum = local.data();
+    } else {
+        cum = r + 3;
+    }
+    if (mode != 1) {
+        double* c = mode == 3 ? local.data() : r + 3;
+        double sum = 0.0;
+        for (int j = 0; j < k; ++j)
+            c[j] = (sum += p[j]);
+        for (int j = 0; j < k; ++j)
+            c[j] = std::min(c[j] / sum, 1.0);
+        c[k - 1] = 1.0;
+        if (mode != 3) {
+            r[0] = kMarker;
+            r[1] = m;
+            r[2] = k;
+        }
+    }
+    if (mode == 0 || n == 0)
+        return;
+    const std::ptrdiff_t row = sorder == 1 ? 1 : ldx, col = sorder == 1 ? ldx : 1;
+    std::vector<double> u(std::min(m, kChunk * 16));
+    std::vector<int> counts(k);
+    for (int i = 0; i < n; ++i) {
+        std::fill(counts.begin(), counts.end(), 0);
+        for (int done = 0; done < m;) {
+            const int len = std::min(static_cast<int>(u.size()), m - done);
+            fill_uniform(state, u.data(), len);
+            for (int t = 0; t < len; ++t)
+                ++counts[std::min(static_cast<int>(std::lower_bound(cum, cum + k, u[t]) - cum),
+                                  k - 1)];
+            done += len;
+        }
+        for (int j = 0; j < k; ++j)
+            x[i * row + j * col] = counts[j];
+    }
+}
+
 void G05TBFN(int n, double p, int* state, lbx::Logical* x, int lstate, lbx::Fail& fail)
 {
     if (n < 0)

@@ -364,4 +364,52 @@ TEST(RandomDiscrete, PoissonWithVaryingMeans)
     EXPECT_EQ(a, b);
 }
 
+// Multinomial: every vector sums to M, each count is binomial (M, P(j)), SORDER = 2 is the
+// transpose of SORDER = 1, MODE 0 + 1, 2 and 3 agree and take M uniforms per vector.
+TEST(RandomDiscrete, Multinomial)
+{
+    std::vector<double> p = {0.2, 0.0, 0.5, 0.3}, r(10);
+    int mode = 2, n = 20000, m = 12, k = 4, lr = 10, ld1 = 20000, ld2 = 4, s1o = 1, s2o = 2,
+        ifail = 1;
+    std::vector<int> st1 = rt::make(5, {3}), st2 = st1, st3 = st1, x1(ld1 * k), x2(ld2 * n),
+                     x3(ld2 * n);
+    g05tgf_(&mode, &n, &m, &k, p.data(), r.data(), &lr, st1.data(), x1.data(), &ld1, &s1o, &ifail);
+    ASSERT_EQ(ifail, 0);
+    mode = 1;
+    g05tgf_(&mode, &n, &m, &k, p.data(), r.data(), &lr, st2.data(), x2.data(), &ld2, &s2o, &ifail);
+    ASSERT_EQ(ifail, 0);
+    mode = 3;
+    g05tgf_(&mode, &n, &m, &k, p.data(), r.data(), &lr, st3.data(), x3.data(), &ld2, &s2o, &ifail);
+    ASSERT_EQ(ifail, 0);
+    EXPECT_EQ(x2, x3);
+    EXPECT_EQ(st1, st2);
+    std::vector<int> st4 = rt::make(5, {3});
+    rt::uniforms(st4, n * m);
+    EXPECT_EQ(st1, st4);
+    std::vector<double> count(3 * 13, 0.0);
+    for (int i = 0; i < n; ++i) {
+        int sum = 0;
+        for (int j = 0; j < k; ++j) {
+            EXPECT_EQ(x1[i + j * ld1], x2[j + i * ld2]);
+            sum += x1[i + j * ld1];
+        }
+        EXPECT_EQ(sum, m);
+        EXPECT_EQ(x1[i + ld1], 0) << "P(2) = 0";
+    }
+    for (int j : {0, 2, 3}) {
+        std::vector<int> col(x1.begin() + j * ld1, x1.begin() + j * ld1 + n);
+        int df = 0;
+        const double pj = p[j];
+        const double chi = chi2_counts(
+            col,
+            [=](int c) {
+                return c < 0 || c > m ? 0.0
+                                      : std::exp(log_choose(m, c) + c * std::log(pj) +
+                                                 (m - c) * std::log1p(-pj));
+            },
+            0, static_cast<int>(m * pj), &df);
+        EXPECT_LT(chi, chi2_threshold(df)) << j;
+    }
+}
+
 }  // namespace

@@ -132,6 +132,32 @@ Raised tlf(int n, int a, int b, std::vector<int> s, int lstate = 0)
 
 const std::vector<double> big(20000);
 
+Raised tgf(int mode, int n, int m, std::vector<double> p, std::vector<double> r, int ldx,
+           int sorder, std::vector<int> s, int lstate = 0)
+{
+    if (lstate == 0)
+        lstate = s[0];
+    int k = static_cast<int>(p.size()), lr = static_cast<int>(r.size());
+    if (p.empty())
+        p.push_back(1.0);
+    if (r.empty())
+        r.push_back(0.0);
+    std::vector<int> x(std::max(1, ldx) * std::max({n, k, 1}));
+    return traced([&](char* eb, int* i) {
+        g05tgft_(&mode, &n, &m, &k, p.data(), r.data(), &lr, s.data(), x.data(), &ldx, &sorder,
+                 &lstate, eb, i, 200);
+    });
+}
+
+std::vector<double> tgf_setup(int m, std::vector<double> p)
+{
+    std::vector<double> r(50);
+    std::vector<int> s = ok(), x(1);
+    int mode = 0, n = 0, k = static_cast<int>(p.size()), lr = 50, ldx = 1, sorder = 1, ifail = 1;
+    g05tgf_(&mode, &n, &m, &k, p.data(), r.data(), &lr, s.data(), x.data(), &ldx, &sorder, &ifail);
+    return r;
+}
+
 Raised tdf(int mode, int n, std::vector<double> p, int ip1, int itype, std::vector<double> r,
            std::vector<int> s, int lstate = 0)
 {
@@ -751,6 +777,82 @@ std::vector<T> discrete_triggers()
               return tkf(2, {1.0, 30.0}, s);
           },
           {"1000"}},
+        T{"G05TGF", "MODE_RANGE", [] { return tgf(4, 1, 5, {}, V{}, 0, 0, bad()); }},
+        T{"G05TGF", "N_RANGE", [] { return tgf(3, -1, 5, {}, V{}, 0, 0, bad()); }},
+        T{"G05TGF", "M_RANGE", [] { return tgf(3, 1, -5, {}, V{}, 0, 0, bad()); }, {"-5"}},
+        T{"G05TGF", "K_RANGE", [] { return tgf(3, 1, 5, {1.0}, V{}, 0, 0, bad()); }, {"1"}},
+        T{"G05TGF",
+          "P_NEGATIVE",
+          [] {
+              return tgf(3, 1, 5, {0.5, 0.6, -0.1}, V{}, 0, 0, bad());
+          },
+          {"3", e(-0.1)}},
+        T{"G05TGF", "P_SUM",
+          [] {
+              return tgf(3, 1, 5, {0.5, 0.6}, V{}, 0, 0, bad());
+          }},
+        T{"G05TGF",
+          "SORDER_RANGE",
+          [] {
+              return tgf(3, 1, 5, {0.5, 0.5}, V{}, 0, 0, bad());
+          },
+          {"0"}},
+        T{"G05TGF",
+          "LDX_N",
+          [] {
+              return tgf(3, 3, 5, {0.5, 0.5}, V{}, 2, 1, bad());
+          },
+          {"2", "3"}},
+        T{"G05TGF",
+          "LDX_K",
+          [] {
+              return tgf(3, 3, 5, {0.5, 0.5}, V{}, 1, 2, bad());
+          },
+          {"1", "2"}},
+        T{"G05TGF", "R_CORRUPT",
+          [] {
+              return tgf(1, 3, 5, {0.5, 0.5}, V(10), 2, 2, bad());
+          }},
+        T{"G05TGF",
+          "PARAMS_CHANGED",
+          [] {
+              return tgf(1, 3, 6, {0.5, 0.5}, tgf_setup(5, {0.5, 0.5}), 2, 2, bad());
+          },
+          {"5", "2", "6", "2"}},
+        T{"G05TGF",
+          "LR_SMALL",
+          [] {
+              return tgf(2, 3, 5, {0.5, 0.5}, V(4), 2, 2, bad());
+          },
+          {"4", "5"}},
+        T{"G05TGF", "STATE_CORRUPT",
+          [] {
+              return tgf(2, 3, 5, {0.5, 0.5}, V(5), 2, 2, bad());
+          }},
+        T{"G05TGF", "LSTATE_MISMATCH",
+          [] {
+              return tgf(3, 3, 5, {0.5, 0.5}, V{}, 2, 2, ok(), 2);
+          }},
+        T{"G05TGF", "STATE_LENGTH",
+          [] {
+              std::vector<int> s = ok();
+              s[2] = 6;
+              return tgf(3, 3, 5, {0.5, 0.5}, V{}, 2, 2, s);
+          }},
+        T{"G05TGF",
+          "",
+          [] {
+              return tgf(0, 3, 5, {0.5, 0.5}, V(5), 0, 0, bad());
+          },
+          {},
+          "MODE 0: no X, no STATE"},
+        T{"G05TGF",
+          "",
+          [] {
+              return tgf(1, 3, 5, {-1.0, 5.0}, tgf_setup(5, {0.5, 0.5}), 2, 2, ok());
+          },
+          {},
+          "MODE 1 does not read P"},
         T{"G05TBF", "N_RANGE", [] { return tbf(-1, 2.0, bad()); }, {"-1"}},
         T{"G05TBF", "P_RANGE", [] { return tbf(1, -0.1, bad()); }, {e(-0.1)}},
         T{"G05TBF", "STATE_CORRUPT", [] { return tbf(1, 0.5, bad()); }},
