@@ -55,6 +55,14 @@ public:
         return v;
     }
     double normal() { return lbx::stats::inverse_normal(u()); }
+    // Two uniforms at once, in stream order.
+    void pair(double& a, double& b)
+    {
+        double v[2];
+        fill_uniform(state_, v, 2);
+        a = v[0];
+        b = v[1];
+    }
 
 private:
     int* state_;
@@ -143,7 +151,8 @@ private:
     double bb(Source& s) const
     {
         for (int t = 0; t < kMaxTrials; ++t) {
-            const double u1 = s.u(), u2 = s.u();
+            double u1, u2;
+            s.pair(u1, u2);
             double v;
             const double w = w_of(u1, a_, v);
             const double z = u1 * u1 * u2;
@@ -163,7 +172,8 @@ private:
     double bc(Source& s) const
     {
         for (int t = 0; t < kMaxTrials; ++t) {
-            const double u1 = s.u(), u2 = s.u();
+            double u1, u2;
+            s.pair(u1, u2);
             double z, v, w;
             if (u1 < 0.5) {
                 const double y = u1 * u2;

@@ -232,18 +232,37 @@ void tabulate(const Dist& d, const Extent& e, double* cum)
     cum[m - 1] = 1.0;
 }
 
-// Inversion from a table: X(i) = lo + the first j with cum[j] >= u.
+// Inversion from a table: X(i) = lo + the first j with cum[j] >= u. A guide table (Chen and
+// Asau, 1974) of g cells, cell c holding the first j with cum[j] >= c / g, starts each search
+// near its end, so a variate costs a few comparisons whatever m; the index found is the one
+// a binary search finds. Small calls on long tables search without it.
 void draw_table(int* state, int* x, int n, double lo, const double* cum, int m)
 {
+    const int g = n >= m / 4 ? m : 0;
+    std::vector<int> guide(g + 1);
+    for (int c = 0, j = 0; c < g; ++c) {
+        const double edge = static_cast<double>(c) / g;
+        while (j < m - 1 && cum[j] < edge)
+            ++j;
+        guide[c] = j;
+    }
     std::vector<double> u(std::min(n, kChunk * 16));
     const int len_max = static_cast<int>(u.size());
+    const int* gd = guide.data();
     for (int i = 0; i < n; i += len_max) {
         const int len = std::min(len_max, n - i);
         fill_uniform(state, u.data(), len);
 #pragma omp parallel for schedule(static) if (len >= kChunk)
-        for (int j = 0; j < len; ++j) {
-            const int k = static_cast<int>(std::lower_bound(cum, cum + m, u[j]) - cum);
-            x[i + j] = static_cast<int>(lo) + std::min(k, m - 1);
+        for (int t = 0; t < len; ++t) {
+            int k;
+            if (g > 0) {
+                k = gd[std::min(static_cast<int>(u[t] * g), g - 1)];
+                while (k < m - 1 && cum[k] < u[t])
+                    ++k;
+            } else {
+                k = std::min(static_cast<int>(std::lower_bound(cum, cum + m, u[t]) - cum), m - 1);
+            }
+            x[i + t] = static_cast<int>(lo) + k;
         }
     }
 }
@@ -383,7 +402,7 @@ void G05TCFN(int mode, int n, double p, double* r, int lr, int* state, int* x, i
     const Reference<Msg> ref{4103.0, {p}};
     // MODE 3: floor(log u / log(1 - P)), a value beyond the integers given as 2147483647
     // (probability (1 - P)^2147483647).
-    const double lq = std::log1p(-p);
+    const double inv_lq = 1.0 / std::log1p(-p);
     run_table(
         mode, n, d, ref, r, lr, state, x, lstate, fail,
         [&](const double* rr) { fail(Msg::PARAMS_CHANGED, rr[1], p); },
@@ -395,7 +414,7 @@ void G05TCFN(int mode, int n, double p, double* r, int lr, int* state, int* x, i
                 fill_uniform(state, u.data(), len);
 #pragma omp parallel for schedule(static) if (len >= kChunk)
                 for (int j = 0; j < len; ++j) {
-                    const double v = p == 1.0 ? 0.0 : std::floor(std::log(u[j]) / lq);
+                    const double v = p == 1.0 ? 0.0 : std::floor(std::log(u[j]) * inv_lq);
                     xx[i + j] = static_cast<int>(std::min(v, kIntMax));
                 }
             }
