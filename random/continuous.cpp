@@ -13,7 +13,8 @@
 //
 // Methods:
 //   gamma: Marsaglia and Tsang, ACM TOMS 26 (2000) 363-372, with the normal deviate of each
-//     trial formed by inversion of one uniform; shape a < 1 by G(a + 1) U^(1/a) (ibid., s. 5);
+//     trial formed by inversion of its first uniform (every trial takes two uniforms); shape a < 1
+//     by G(a + 1) U^(1/a) (ibid., s. 5);
 //   beta: Cheng, Comm. ACM 21 (1978) 317-322, algorithms BB (both shapes > 1) and BC;
 //   chi-squared, F, t: from gamma variates (2 G(DF/2); ratios of chi-squared variates;
 //     Z / sqrt(chi-squared / DF));
@@ -78,12 +79,13 @@ public:
     double operator()(Source& s) const
     {
         for (int t = 0; t < kMaxTrials; ++t) {
-            const double z = s.normal();
+            double un, u;
+            s.pair(un, u);  // both uniforms of the trial, the second unused when v <= 0
+            const double z = lbx::stats::inverse_normal(un);
             double v = 1.0 + c_ * z;
             if (v <= 0.0)
                 continue;
             v = v * v * v;
-            const double u = s.u();
             const double z2 = z * z;
             if (u < 1.0 - 0.0331 * z2 * z2)
                 return d_ * v;
