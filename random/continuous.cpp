@@ -8,8 +8,8 @@
 // the uniforms exactly those G05SAF would give, and transform them in parallel: each element
 // depends only on its own uniforms, so the result is the same for any number of threads.
 // Rejection methods (beta, gamma, chi-squared, F, t, Dirichlet, von Mises) take a variable
-// number of uniforms per variate and run serially; they draw uniforms one trial at a time, so
-// STATE ends just past the last uniform used.
+// number of uniforms per variate and run serially; STATE ends just past the last uniform used
+// (the uniforms come in blocks, and the unused rest of the last block is given back).
 //
 // Methods:
 //   gamma: Marsaglia and Tsang, ACM TOMS 26 (2000) 363-372, with the normal deviate of each
@@ -45,28 +45,49 @@ namespace {
 constexpr int kMaxTrials = 1000;
 constexpr int kChunk = 256;
 
-// Uniforms drawn one at a time from a checked STATE.
+// Uniforms in stream order from a checked STATE, drawn in blocks: before each block the
+// source keeps a copy of STATE, and finish() puts STATE back to that copy and draws again only
+// the uniforms of the block that were used. STATE so ends exactly past the last uniform used,
+// as if they had been drawn one at a time, at the price of one copy of STATE per block.
 class Source {
 public:
-    explicit Source(int* state) : state_(state) {}
+    explicit Source(int* state) : state_(state), saved_(state, state + state[0]) {}
     double u()
     {
-        double v;
-        fill_uniform(state_, &v, 1);
-        return v;
+        if (next_ == filled_)
+            refill();
+        return buf_[next_++];
     }
     double normal() { return lbx::stats::inverse_normal(u()); }
-    // Two uniforms at once, in stream order.
     void pair(double& a, double& b)
     {
-        double v[2];
-        fill_uniform(state_, v, 2);
-        a = v[0];
-        b = v[1];
+        a = u();
+        b = u();
+    }
+    void finish()
+    {
+        if (next_ == filled_)
+            return;
+        std::copy(saved_.begin(), saved_.end(), state_);
+        if (next_ > 0)
+            fill_uniform(state_, buf_, next_);
+        next_ = filled_ = 0;
     }
 
 private:
+    void refill()
+    {
+        std::copy(state_, state_ + saved_.size(), saved_.begin());
+        fill_uniform(state_, buf_, kBlock);
+        next_ = 0;
+        filled_ = kBlock;
+    }
+
+    static constexpr int kBlock = 256;
     int* state_;
+    std::vector<int> saved_;
+    double buf_[kBlock];
+    int next_ = 0, filled_ = 0;
 };
 
 // Rejection failed: the generator does not progress.
@@ -258,8 +279,10 @@ bool draw_serial(int* state, double* x, int n, D draw)
         for (int i = 0; i < n; ++i)
             x[i] = draw(s);
     } catch (const Stuck&) {
+        s.finish();
         return false;
     }
+    s.finish();
     return true;
 }
 
@@ -365,8 +388,10 @@ void G05SEFN(int n, int m, const double* a, int* state, double* x, int ldx, int 
                 x[i * row + j * col] = lg[j] / sum;
         }
     } catch (const Stuck&) {
-        stuck<G05SEF_msg>(fail);
+        s.finish();
+        return stuck<G05SEF_msg>(fail);
     }
+    s.finish();
 }
 
 void G05SFFN(int n, double a, int* state, double* x, int lstate, lbx::Fail& fail)

@@ -434,4 +434,33 @@ TEST(RandomContinuous, DirichletLayout)
     }
 }
 
+// Rejection methods: one call of N variates equals the same N drawn in pieces from a copy of
+// STATE, values and final STATE, for every generator: each call leaves STATE exactly past the
+// uniforms it used.
+TEST(RandomContinuous, RejectionDrawsContinueAcrossCalls)
+{
+    const std::pair<const char*, Draw> draws[] = {
+        {"beta BB", two(g05sbf_, 2.0, 3.0)},
+        {"beta BC", two(g05sbf_, 0.5, 0.7)},
+        {"gamma", two(g05sjf_, 0.7, 1.0)},
+        {"chi-squared", dof(g05sdf_, 3)},
+        {"F", fdist(3, 4)},
+        {"t", dof(g05srf_, 5)},
+        {"von Mises", one(g05snf_, 2.0)},
+        {"Dirichlet", dirichlet_first({0.3, 2.0, 1.0})},
+    };
+    for (int genid = 1; genid <= 6; ++genid) {
+        for (const auto& [name, d] : draws) {
+            std::vector<int> a = rt::make(genid, {13}), b = a;
+            std::vector<double> whole(1000), part(1000);
+            ASSERT_EQ(d(1000, a, whole.data()), 0) << name;
+            ASSERT_EQ(d(1, b, part.data()), 0) << name;
+            ASSERT_EQ(d(499, b, part.data() + 1), 0) << name;
+            ASSERT_EQ(d(500, b, part.data() + 500), 0) << name;
+            EXPECT_EQ(whole, part) << name << " GENID " << genid;
+            EXPECT_EQ(a, b) << name << " GENID " << genid;
+        }
+    }
+}
+
 }  // namespace
