@@ -234,8 +234,9 @@ void tabulate(const Dist& d, const Extent& e, double* cum)
 
 // Inversion from a table: X(i) = lo + the first j with cum[j] >= u. A guide table (Chen and
 // Asau, 1974) of g cells, cell c holding the first j with cum[j] >= c / g, starts each search
-// near its end, so a variate costs a few comparisons whatever m; the index found is the one
-// a binary search finds. Small calls on long tables search without it.
+// near its end, so a variate costs a few comparisons whatever m; the search moves down as
+// well as up, so the index found is the one a binary search finds whatever the rounding of
+// u g and c / g. Small calls on long tables search without it.
 void draw_table(int* state, int* x, int n, double lo, const double* cum, int m)
 {
     const int g = n >= m / 4 ? m : 0;
@@ -257,6 +258,8 @@ void draw_table(int* state, int* x, int n, double lo, const double* cum, int m)
             int k;
             if (g > 0) {
                 k = gd[std::min(static_cast<int>(u[t] * g), g - 1)];
+                while (k > 0 && cum[k - 1] >= u[t])  // a cell index rounded up
+                    --k;
                 while (k < m - 1 && cum[k] < u[t])
                     ++k;
             } else {

@@ -412,4 +412,18 @@ TEST(RandomDiscrete, Multinomial)
     }
 }
 
+// Long calls search from a guide table, short calls by bisection: both find the same values.
+TEST(RandomDiscrete, GuideTableFindsWhatBisectionFinds)
+{
+    for (const Draw& d : {taf(100000, 0.3), tef(100000, 30000, 50000), thf(3, 0.001)}) {
+        for (int genid : {1, 4}) {
+            std::vector<int> a = rt::make(genid, {3}), b = a, shortx(40), longx(400000);
+            std::vector<double> r(1);
+            ASSERT_EQ(d(3, r, a, shortx), 0);
+            ASSERT_EQ(d(3, r, b, longx), 0);
+            EXPECT_TRUE(std::equal(shortx.begin(), shortx.end(), longx.begin())) << genid;
+        }
+    }
+}
+
 }  // namespace
