@@ -215,6 +215,59 @@ std::vector<Case> cases()
                             return ints(ifail, x);
                         }});
     }
+    // Variates: the block copy of STATE of the rejection methods, the Dirichlet's shapes, the
+    // mixture's weights, the tables and their guides, the multinomial's counts.
+    list.push_back({"G05SJF", [] {
+                        std::vector<int> state = state_of(3);
+                        int n = 700, ifail = -1;
+                        double a = 0.7, b = 2.0;
+                        std::vector<double> x(n);
+                        watch([&] { g05sjf_(&n, &a, &b, state.data(), x.data(), &ifail); });
+                        return Outcome{ifail, x};
+                    }});
+    list.push_back(
+        {"G05SEF", [] {
+             std::vector<int> state = state_of(1);
+             int n = 300, m = 3, ldx = 300, sorder = 1, ifail = -1;
+             double a[3] = {0.5, 1.0, 4.0};
+             std::vector<double> x(n * m);
+             watch([&] { g05sef_(&n, &m, a, state.data(), x.data(), &ldx, &sorder, &ifail); });
+             return Outcome{ifail, x};
+         }});
+    list.push_back({"G05SGF", [] {
+                        std::vector<int> state = state_of(2);
+                        int n = 300, nmix = 2, ifail = -1;
+                        double a[2] = {1.0, 3.0}, w[2] = {0.25, 0.75};
+                        std::vector<double> x(n);
+                        watch([&] { g05sgf_(&n, &nmix, a, w, state.data(), x.data(), &ifail); });
+                        return Outcome{ifail, x};
+                    }});
+    for (int mode : {2, 3}) {
+        list.push_back({"G05TAF", [mode] {
+                            std::vector<int> state = state_of(6);
+                            int n = 5000, m = 1000, lr = 5000, ifail = -1;
+                            double p = 0.4;
+                            std::vector<double> r(lr);
+                            std::vector<int> x(n);
+                            watch([&] {
+                                g05taf_(&mode, &n, &m, &p, r.data(), &lr, state.data(), x.data(),
+                                        &ifail);
+                            });
+                            return ints(ifail, x);
+                        }});
+        list.push_back({"G05TGF", [mode] {
+                            std::vector<int> state = state_of(4);
+                            int n = 50, m = 20, k = 3, lr = 10, ldx = 50, sorder = 1, ifail = -1;
+                            double p[3] = {0.2, 0.3, 0.5};
+                            std::vector<double> r(lr);
+                            std::vector<int> x(n * k);
+                            watch([&] {
+                                g05tgf_(&mode, &n, &m, &k, p, r.data(), &lr, state.data(), x.data(),
+                                        &ldx, &sorder, &ifail);
+                            });
+                            return ints(ifail, x);
+                        }});
+    }
     for (int n : {100, 5000, (1 << 20) + 3}) {
         list.push_back({"M01CAF",
                         [n] {

@@ -10,6 +10,7 @@
 #include "gen/random.hpp"
 #include "random_test_util.hpp"
 #include "tests/support/messages.hpp"
+#include "variate_triggers.hpp"
 
 namespace {
 
@@ -135,7 +136,7 @@ Raised tjf_exact_length(double lambda)
 TEST(RandomMessages, EveryMessageInItsCheckOrder)
 {
     using T = lbx::test::Trigger;
-    lbx::test::check_catalogue(lbx::random::catalogue_messages, {
+    lbx::test::check_catalogue(lbx::random::catalogue_messages, rt::plus_variates({
         T{"G05KFF", "GENID_RANGE", [] { return kff(0, {1}, 17); }, {"0"}},
         T{"G05KFF", "SEED_INVALID", [] { return kff(2, {1, 0}, 21); }},
         T{"G05KFF", "LSEED_RANGE", [] { return kff(1, {}, 17); }, {"0"}},
@@ -262,7 +263,7 @@ TEST(RandomMessages, EveryMessageInItsCheckOrder)
         T{"G05TJF", "", [] { return tjf(0, 1, 5.0, std::vector<double>(200), damaged(1)); }, {}, "MODE 0 does not need STATE"},
         T{"G05TJF", "", [] { return tjf_exact_length(5.0); }, {}, "LR as long as required"},
         T{"G05TJF", "", [] { return tjf_exact_length(1e4); }, {}, "LR as long as required"},
-    });
+    }));
 }
 
 }  // namespace
