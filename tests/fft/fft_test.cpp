@@ -209,7 +209,7 @@ TEST(Fft, AnalyticLargeN)
 
 TEST(Fft, RoundTripsLarge)
 {
-    for (int n : {1 << 16, 1000, 999983}) {
+    for (int n : {1 << 16, 1000, 999979}) {  // shapes seen once: estimated plans
         const std::vector<cd> z = data(n, 5);
         std::vector<cd> x = z, work(1);
         Call c;
