@@ -300,11 +300,74 @@ TEST(Fft, RelativesAgainstDirectDft)
     }
 }
 
+// Every relative for every N from 1 to 64 in one dimension of its data.
+TEST(Fft, RelativesForEveryNUpTo64)
+{
+    for (int n = 1; n <= 64; ++n) {
+        Call c;
+        int two = 2, one = 1, ndim = 2, lwork = 1, iemode = 0, total = 2 * n;
+        std::vector<cd> w(n);
+        const auto check = [&](const char* what, const std::vector<cd>& got,
+                               const std::vector<cl>& want) {
+            ASSERT_EQ(c.ifail, 0) << what << " " << n;
+            EXPECT_LT(rel_error(got, want), tol) << what << " N = " << n;
+        };
+        std::vector<cd> x = data(total, n);
+        std::vector<cl> want = direct_dft(widen(x), {2, n}, -1, 2u);
+        c06prft_("F", &two, &n, x.data(), w.data(), c.errbuf, &c.ifail, 1, 200);
+        check("C06PRF", x, want);
+        x = data(total, n);
+        want = direct_dft(widen(x), {n, 2}, 1, 1u);
+        c06psft_("B", &n, &two, x.data(), w.data(), c.errbuf, &c.ifail, 1, 200);
+        check("C06PSF", x, want);
+        x = data(total, n);
+        want = direct_dft(widen(x), {n, 2}, -1);
+        c06puft_("F", &n, &two, x.data(), w.data(), c.errbuf, &c.ifail, 1, 200);
+        check("C06PUF", x, want);
+        x = data(total, n);
+        want = direct_dft(widen(x), {2, one, n}, 1);
+        c06pxft_("B", &two, &one, &n, x.data(), w.data(), c.errbuf, &c.ifail, 1, 200);
+        check("C06PXF", x, want);
+        int nd[2] = {2, n};
+        x = data(total, n);
+        want = direct_dft(widen(x), {2, n}, -1);
+        c06pjft_(&iemode, "F", &ndim, nd, &total, x.data(), w.data(), &lwork, c.errbuf, &c.ifail, 1,
+                 200);
+        check("C06PJF", x, want);
+        x = data(total, n);
+        want = direct_dft(widen(x), {2, n}, 1, 2u);
+        c06pfft_(&iemode, "B", &ndim, &two, nd, &total, x.data(), w.data(), &lwork, c.errbuf,
+                 &c.ifail, 1, 200);
+        check("C06PFF", x, want);
+        // C06PVF and C06PWF: real (N, 2) to its half (N/2+1, 2) and back.
+        std::vector<double> r(total), back(total);
+        std::vector<cl> wide(total);
+        for (int i = 0; i < total; ++i)
+            wide[i] = r[i] = x[i].real();
+        const std::vector<double> r_in = r;
+        want = direct_dft(wide, {n, 2}, -1);
+        std::vector<cd> y((n / 2 + 1) * 2);
+        std::vector<cl> half;
+        for (int i = 0; i < total; ++i)
+            if (i % n <= n / 2)
+                half.push_back(want[i]);
+        c06pvft_(&n, &two, r.data(), y.data(), c.errbuf, &c.ifail, 200);
+        check("C06PVF", y, half);
+        EXPECT_EQ(r, r_in) << "X is input only";
+        c06pwft_(&n, &two, y.data(), back.data(), c.errbuf, &c.ifail, 200);
+        check("C06PWF", std::vector<cd>(back.begin(), back.end()), wide);
+        c06pyft_(&n, &one, &two, r.data(), y.data(), c.errbuf, &c.ifail, 200);
+        check("C06PYF", y, half);
+        c06pzft_(&n, &one, &two, y.data(), back.data(), c.errbuf, &c.ifail, 200);
+        check("C06PZF", std::vector<cd>(back.begin(), back.end()), wide);
+    }
+}
+
 // Hermitian result of real sequence p, element k, as stored by a layout.
 TEST(Fft, RealSequencesInCcs)
 {
     for (int m : {1, 2, 3}) {
-        for (int n : {1, 2, 5, 6, 9, 16}) {
+        for (int n = 1; n <= 64; ++n) {
             const int len = m * (n + 2);
             const std::vector<cd> z = data(len, n);
             for (int rows = 0; rows < 2; ++rows) {
@@ -391,7 +454,7 @@ TEST(Fft, RealMultiDimensional)
 
 TEST(Fft, ConvolutionAndCorrelation)
 {
-    for (int n : {1, 2, 5, 8, 13}) {
+    for (int n = 1; n <= 64; ++n) {
         const std::vector<cd> a = data(n, 1), b = data(n, 2);
         for (int job : {1, 2}) {
             std::vector<cl> want(n);
