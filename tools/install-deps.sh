@@ -16,7 +16,8 @@
 # runtimes (libasan, libubsan, libtsan) come with g++.
 set -euo pipefail
 
-build=(g++ gfortran cmake ninja-build make python3 binutils libopenblas-dev liblapack-dev)
+build=(g++ gfortran cmake ninja-build make python3 binutils libopenblas-dev liblapack-dev
+       libfftw3-dev)
 test=(python3-mpmath libgtest-dev libgmock-dev clang-format pkg-config liblapack-test)
 bench=(libbenchmark-dev libgsl-dev libboost-dev python3-scipy python3-numpy)
 windows=(g++-mingw-w64-i686-posix gfortran-mingw-w64-i686-posix binutils-mingw-w64-i686
