@@ -223,24 +223,25 @@ void D01ANZN(F&& f, double a, double b, double omega, int integr, int nrmom, int
         fval[isym - 1] = f(centr - hlgth * xcos[i - 2]);
     }
     chebyshev_series(fval, cheb12, cheb24);
-    const double* c12 = cheb12 - 1;
-    const double* c24 = cheb24 - 1;
-    double resc12 = c12[13] * mom(m, 13);
+    // The published coefficients are numbered from 1.
+    auto c12 = [&](int i) { return cheb12[i - 1]; };
+    auto c24 = [&](int i) { return cheb24[i - 1]; };
+    double resc12 = c12(13) * mom(m, 13);
     double ress12 = 0.0;
     int k = 11;
     for (int j = 1; j <= 6; ++j) {
-        resc12 = resc12 + c12[k] * mom(m, k);
-        ress12 = ress12 + c12[k + 1] * mom(m, k + 1);
+        resc12 = resc12 + c12(k) * mom(m, k);
+        ress12 = ress12 + c12(k + 1) * mom(m, k + 1);
         k = k - 2;
     }
-    double resc24 = c24[25] * mom(m, 25);
+    double resc24 = c24(25) * mom(m, 25);
     double ress24 = 0.0;
-    resabs = std::fabs(c24[25]);
+    resabs = std::fabs(c24(25));
     k = 23;
     for (int j = 1; j <= 12; ++j) {
-        resc24 = resc24 + c24[k] * mom(m, k);
-        ress24 = ress24 + c24[k + 1] * mom(m, k + 1);
-        resabs = resabs + std::fabs(c24[k]) + std::fabs(c24[k + 1]);
+        resc24 = resc24 + c24(k) * mom(m, k);
+        ress24 = ress24 + c24(k + 1) * mom(m, k + 1);
+        resabs = resabs + std::fabs(c24(k)) + std::fabs(c24(k + 1));
         k = k - 2;
     }
     const double estc = std::fabs(resc24 - resc12);

@@ -38,8 +38,11 @@ LBX_OWN_ROUTINE(zlanhb_, double(const char*, const char*, const int*, const int*
                                 const int*, double*, std::size_t, std::size_t));
 LBX_OWN_ROUTINE(zlanht_,
                 double(const char*, const int*, const double*, const Complex*, std::size_t));
-LBX_OWN_ROUTINE(dgesv_,
-                void(const int*, const int*, double*, const int*, int*, double*, const int*, int*));
+// DGESV is DGETRF then DGETRS; the layer's own path of DGETRF (F07ADF) and
+// DGETRS (F07AEF), and of ZGETRF (F07ARF), is the external library's routine.
+LBX_EXTERNAL_ROUTINE(dgetrf_, void(const int*, const int*, double*, const int*, int*, int*));
+LBX_EXTERNAL_ROUTINE(dgetrs_, void(const char*, const int*, const int*, const double*, const int*,
+                                   const int*, double*, const int*, int*, std::size_t));
 LBX_OWN_ROUTINE(dgecon_, void(const char*, const int*, const double*, const int*, const double*,
                               double*, double*, int*, int*, std::size_t));
 LBX_OWN_ROUTINE(dgbsv_, void(const int*, const int*, const int*, const int*, double*, const int*,
@@ -77,8 +80,9 @@ LBX_OWN_ROUTINE(dspsv_, void(const char*, const int*, const int*, double*, int*,
                              const int*, int*, std::size_t));
 LBX_OWN_ROUTINE(dspcon_, void(const char*, const int*, const double*, const int*, const double*,
                               double*, double*, int*, int*, std::size_t));
-LBX_OWN_ROUTINE(zgesv_, void(const int*, const int*, Complex*, const int*, int*, Complex*,
-                             const int*, int*));
+LBX_EXTERNAL_ROUTINE(zgetrf_, void(const int*, const int*, Complex*, const int*, int*, int*));
+LBX_OWN_ROUTINE(zgetrs_, void(const char*, const int*, const int*, const Complex*, const int*,
+                              const int*, Complex*, const int*, int*, std::size_t));
 LBX_OWN_ROUTINE(zgecon_, void(const char*, const int*, const Complex*, const int*, const double*,
                               double*, Complex*, double*, int*, std::size_t));
 LBX_OWN_ROUTINE(zgbsv_, void(const int*, const int*, const int*, const int*, Complex*, const int*,
@@ -211,7 +215,9 @@ double zlanht(std::string_view norm, int n, const double* d, const Complex* e)
 int dgesv(int n, int nrhs, double* a, int lda, int* ipiv, double* b, int ldb)
 {
     int info = 0;
-    dgesv_kernel()(&n, &nrhs, a, &lda, ipiv, b, &ldb, &info);
+    dgetrf_kernel()(&n, &n, a, &lda, ipiv, &info);
+    if (info == 0)
+        dgetrs_kernel()("N", &n, &nrhs, a, &lda, ipiv, b, &ldb, &info, 1);
     return info;
 }
 
@@ -360,7 +366,9 @@ int dspcon(std::string_view uplo, int n, const double* ap, const int* ipiv, doub
 int zgesv(int n, int nrhs, Complex* a, int lda, int* ipiv, Complex* b, int ldb)
 {
     int info = 0;
-    zgesv_kernel()(&n, &nrhs, a, &lda, ipiv, b, &ldb, &info);
+    zgetrf_kernel()(&n, &n, a, &lda, ipiv, &info);
+    if (info == 0)
+        zgetrs_kernel()("N", &n, &nrhs, a, &lda, ipiv, b, &ldb, &info, 1);
     return info;
 }
 
