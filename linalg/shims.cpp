@@ -17,6 +17,7 @@
 #include <string_view>
 
 #include "gen/linalg.hpp"
+#include "linalg/kernels.hpp"
 #include "linalg/tuning.hpp"
 
 namespace lbx::linalg {
@@ -97,20 +98,30 @@ extern "C" int lbx_ilaenv_(const int* ispec, const char* name, const char* opts,
     return lbx_ref_ilaenv_(ispec, name, opts, n1, n2, n3, n4, name_len, opts_len);
 }
 
-// The BLAS index routines the private LAPACK calls: the reference routines'
-// answer, the first element of largest magnitude (|re| + |im| for complex),
-// found by comparisons that a NaN never wins unless it is element 1.  The
-// pivot searches of the reference algorithms are written for exactly this;
-// an index routine that returns a NaN's position instead (as optimized ones
-// may) can lead them to a row outside the matrix.
+// The BLAS index routines the private LAPACK calls: the external library's
+// answer, unless that answer or element 1 is a NaN; then the reference
+// routines' answer, the first element of largest magnitude (|re| + |im| for
+// complex) found by comparisons that a NaN never wins unless it is element 1.
+// The pivot searches of the reference algorithms are written for that answer;
+// an index routine that returns a NaN's position (as optimized ones may) can
+// lead them to a row outside the matrix.
+LBX_EXTERNAL_ROUTINE(idamax_, int(const int*, const double*, const int*));
+LBX_EXTERNAL_ROUTINE(isamax_, int(const int*, const float*, const int*));
+LBX_EXTERNAL_ROUTINE(izamax_, int(const int*, const lbx::Complex*, const int*));
+LBX_EXTERNAL_ROUTINE(icamax_, int(const int*, const std::complex<float>*, const int*));
+
 namespace {
 
-template <class T, class Magnitude>
-int first_largest(const int* n, const T* x, const int* incx, Magnitude magnitude)
+template <class T, class Magnitude, class Fast>
+int first_largest(const int* n, const T* x, const int* incx, Magnitude magnitude, Fast fast)
 {
     if (*n < 1 || *incx <= 0)
         return 0;
     const std::ptrdiff_t step = *incx;
+    const int found = fast(n, x, incx);
+    if (found >= 1 && found <= *n && !std::isnan(magnitude(x[(found - 1) * step])) &&
+        !std::isnan(magnitude(x[0])))
+        return found;
     int index = 1;
     auto largest = magnitude(x[0]);
     for (int i = 1; i < *n; ++i) {
@@ -127,24 +138,27 @@ int first_largest(const int* n, const T* x, const int* incx, Magnitude magnitude
 
 extern "C" int lbx_idamax_(const int* n, const double* x, const int* incx)
 {
-    return first_largest(n, x, incx, [](double v) { return std::fabs(v); });
+    return first_largest(
+        n, x, incx, [](double v) { return std::fabs(v); }, idamax_kernel());
 }
 
 extern "C" int lbx_isamax_(const int* n, const float* x, const int* incx)
 {
-    return first_largest(n, x, incx, [](float v) { return std::fabs(v); });
+    return first_largest(
+        n, x, incx, [](float v) { return std::fabs(v); }, isamax_kernel());
 }
 
 extern "C" int lbx_izamax_(const int* n, const lbx::Complex* x, const int* incx)
 {
-    return first_largest(n, x, incx, [](const lbx::Complex& v) {
-        return std::fabs(v.real()) + std::fabs(v.imag());
-    });
+    return first_largest(
+        n, x, incx, [](const lbx::Complex& v) { return std::fabs(v.real()) + std::fabs(v.imag()); },
+        izamax_kernel());
 }
 
 extern "C" int lbx_icamax_(const int* n, const std::complex<float>* x, const int* incx)
 {
-    return first_largest(n, x, incx, [](const std::complex<float>& v) {
-        return std::fabs(v.real()) + std::fabs(v.imag());
-    });
+    return first_largest(
+        n, x, incx,
+        [](const std::complex<float>& v) { return std::fabs(v.real()) + std::fabs(v.imag()); },
+        icamax_kernel());
 }
