@@ -11,8 +11,10 @@ program d01auf_example
   ifail = 0
   call d01auf(f, 0.0d0, 2.0d0 * pi, 4, 0.0d0, 1.0d-10, result, abserr, w, 4 * limit, iw, limit, &
               ifail)
-  write (*, '(a, f18.14, a, es9.2, a, i3)') ' x sin(30x) cos(x):', result, ', ABSERR =', &
-    abserr, ', subintervals:', iw(1)
+  ! ABSERR is a round-off-sized estimate here: its last digits vary with the
+  ! compiler's arithmetic, so the example shows only its order.
+  write (*, '(a, f18.14, a, l1, a, i3)') ' x sin(30x) cos(x):', result, ', ABSERR < 1E-12: ', &
+    abserr < 1.0d-12, ', subintervals:', iw(1)
 contains
   subroutine f(x, fv, n)
     double precision, intent(in) :: x(*)
