@@ -663,7 +663,9 @@ void D01ASFN(const D01ASF_GProc& g, double a, double omega, int key, double epsa
 
     constexpr double p = 0.9;
     constexpr double pi = 3.14159265358979323846264338327950;
-    const int l = static_cast<int>(std::fabs(omega));
+    // The whole part of |OMEGA|, as the published INT conversion for every
+    // OMEGA below 2^31 (and no integer overflow beyond).
+    const double l = std::floor(std::min(std::fabs(omega), 2147483647.0));
     const double dl = 2 * l + 1;
     const double cycle = dl * pi / std::fabs(omega);
     double psum[quadpack::epstab_length];

@@ -31,7 +31,12 @@ RESULT = {"integer": "int", "real": "double", "logical": "int", None: "void"}
 
 # Documented lengths of arrays whose catalogue extent is "*" and whose length
 # another argument gives: the extents the caller must provide.
-LENGTH_RULES = {("Y90AJFT", "A"): ["LDA", "N"]}
+LENGTH_RULES = {
+    ("Y90AJFT", "A"): ["LDA", "N"],
+    # variates by rows (SORDER 1) or by columns (SORDER 2)
+    ("G05SEF", "X"): ["LDX", "SORDER == 1 ? M : N"],
+    ("G05TGF", "X"): ["LDX", "SORDER == 1 ? K : N"],
+}
 
 # BLAS vectors: 1 + (N - 1) |INC| elements (the C++ of an extent may use the
 # conditional operator; its names are the routine's arguments).
@@ -46,6 +51,14 @@ for _routines, _vectors in _F16_VECTORS.items():
     for _r in _routines:
         for _v, _inc in _vectors.items():
             LENGTH_RULES[(_r, _v)] = [f"1 + (N - 1) * ({_inc} < 0 ? -{_inc} : {_inc})"]
+
+
+def _extent(a) -> str:
+    """An array's length as the driver's extent argument: computed in double,
+    so that a product of hostile sizes cannot overflow (the driver skips a
+    call whose arrays would be too long)."""
+    n = dim_length(a)
+    return n if n == "-1L" else f"static_cast<double>({n.replace('(long)(', '(double)(')})"
 
 
 def _dims(routine: str, a):
@@ -112,13 +125,13 @@ def _thunk(m: RoutineModel, e: Entry, conv) -> str:
             kind = ("lbx::fuzz::Text::option" if a.is_option else
                     "lbx::fuzz::Text::input" if a.intent == "in" else "lbx::fuzz::Text::output")
             declared = "0" if a.char_len == "*" else a.char_len
-            count = "1" if not a.is_array else f"ctx_.extent({dim_length(a)}, {_cstr(r.name)}, {name})"
+            count = "1" if not a.is_array else f"ctx_.extent({_extent(a)}, {_cstr(r.name)}, {name})"
             arrays.append(f"    auto {a.lname}_ = ctx_.text({name}, {kind}, {declared}, {count});\n")
             call.append(f"{a.lname}_.p")
             continue
         el = ELEMENT[a.type]
         if a.is_array:
-            n = f"ctx_.extent({dim_length(a)}, {_cstr(r.name)}, {name})"
+            n = f"ctx_.extent({_extent(a)}, {_cstr(r.name)}, {name})"
             arrays.append(f"    {el}* {a.lname} = ctx_.array<{el}>({name}, {n}, {const_in});\n")
         else:
             how = "size" if a.type == "integer" and a.name in sizes else "scalar"

@@ -294,6 +294,13 @@ public:
         return p;
     }
 
+    // A length computed in double from hostile sizes: beyond any array the
+    // driver gives, so the call is skipped.
+    long extent(double n, const char* routine, const char* arg)
+    {
+        return extent(n > 1e18 ? 1000000000000000000L : static_cast<long>(n), routine, arg);
+    }
+
     long extent(long n, const char* routine, const char* arg)
     {
         if (n == -1) {  // "*": the length rules of the routine
