@@ -8,7 +8,7 @@ DLL_BUILD ?= build-dll
 PYTHON ?= /usr/bin/python3
 
 .PHONY: demo check check-lapack bench install deps clean format check-asan check-tsan fuzz fuzz-ci \
-	dll-deps dll check-dll
+	dll-deps dll check-dll mutate
 
 # Sanitizer trees: the whole suite under AddressSanitizer, leak detection and
 # UndefinedBehaviorSanitizer; the concurrency test under ThreadSanitizer.
@@ -115,6 +115,14 @@ dll: dll-deps
 
 check-dll: dll
 	tests/dll/run.sh $(DLL_BUILD) -j $(JOBS) --timeout 120
+
+# Each fault listed in tests/mutants/*.toml, put in alone, must fail a test
+# (make mutate MUTANTS=tests/mutants/linalg.toml for one chapter).
+MUTANTS ?= $(wildcard tests/mutants/*.toml)
+mutate:
+	$(call configure,$(BUILD),$(CMAKE_FLAGS) -DBUILD_TESTING=ON)
+	cmake --build $(BUILD) -j $(JOBS)
+	@status=0; for f in $(MUTANTS); do echo "== $$f"; $(PYTHON) tools/mutate.py --build $(BUILD) $$f || status=1; done; exit $$status
 
 clean:
 	rm -rf $(BUILD) $(BUILD)-bench $(BUILD)-asan $(BUILD)-tsan $(DLL_BUILD)
