@@ -11,6 +11,7 @@
 // result is the one of a recurrence that starts from t + c[N-2].
 #pragma once
 
+#include <array>
 #include <cstddef>
 
 namespace lbx {
@@ -24,6 +25,34 @@ constexpr double polynomial(const double (&c)[N], double t) noexcept
     for (std::size_t i = N - 1; i-- > 0;)
         s = s * t + c[i];
     return s;
+}
+
+// The same polynomial by Estrin's scheme: c[2i] + c[2i+1] t pairwise, then
+// those pairwise with t^2, t^4, ...  Its chain of dependent operations is
+// about 2 log2(N) long instead of Horner's 2N, which lets a long polynomial
+// overlap with the rest of a call; the roundings differ from Horner's, so a
+// table is evaluated by one scheme or the other, always the same one.
+template <std::size_t N>
+constexpr double estrin(const std::array<double, N>& c, double t) noexcept
+{
+    static_assert(N >= 1, "a polynomial needs a coefficient");
+    double v[N];
+#pragma GCC unroll 64
+    for (std::size_t i = 0; i < N; ++i)
+        v[i] = c[i];
+    std::size_t n = N;
+    double p = t;
+#pragma GCC unroll 8
+    while (n > 1) {
+#pragma GCC unroll 32
+        for (std::size_t i = 0; i < n / 2; ++i)
+            v[i] = v[2 * i] + v[2 * i + 1] * p;
+        if (n % 2 == 1)
+            v[n / 2] = v[n - 1];
+        n = (n + 1) / 2;
+        p = p * p;
+    }
+    return v[0];
 }
 
 // p(t) / q(t), both constant term first.
