@@ -16,10 +16,9 @@ namespace {
 constexpr char separator = '\x01';
 }
 
-void Fail::begin(int ifail, int code, int count) noexcept
+MessageWriter::MessageWriter(char* buf, int ifail, int code, int count) noexcept : buf_(buf)
 {
     std::memset(buf_, ' ', errbuf_length);
-    pos_ = 0;
     buf_[pos_++] = separator;
     char text[16];
     std::snprintf(text, sizeof text, "%5d", ifail);
@@ -28,13 +27,12 @@ void Fail::begin(int ifail, int code, int count) noexcept
     field(text);
     std::snprintf(text, sizeof text, "%5d", count);
     field(text);
-    ifail_ = ifail;
 }
 
 // Appends one field and its closing separator; a field that would not fit
 // is left out (the count then disagrees and the plain entry reports an
 // unexpected error rather than a wrong value).
-void Fail::field(std::string_view text) noexcept
+void MessageWriter::field(std::string_view text) noexcept
 {
     if (pos_ + static_cast<int>(text.size()) + 1 > errbuf_length - 1)
         return;
@@ -43,14 +41,14 @@ void Fail::field(std::string_view text) noexcept
     buf_[pos_++] = separator;
 }
 
-void Fail::add(int v) noexcept
+void MessageWriter::add(int v) noexcept
 {
     char text[16];
     std::snprintf(text, sizeof text, "%11d", v);
     field(text);
 }
 
-void Fail::add(double v) noexcept
+void MessageWriter::add(double v) noexcept
 {
     char text[32];
     if (v != v) {
@@ -71,12 +69,12 @@ void Fail::add(double v) noexcept
     field(text);
 }
 
-void Fail::add(char v) noexcept
+void MessageWriter::add(char v) noexcept
 {
     add(std::string_view(&v, 1));
 }
 
-void Fail::add(std::string_view v) noexcept
+void MessageWriter::add(std::string_view v) noexcept
 {
     // The separator cannot appear inside a field.
     char text[errbuf_length];

@@ -45,13 +45,32 @@ inline constexpr Message<0> ALLOC_FAILED{-999, 99991};
 // routine defines this pair, so the caller sees "Unexpected error" and -99.
 inline constexpr Message<0> UNEXPECTED_EXCEPTION{-99, 99990};
 
+// Writes one coded message into a buffer: the header fields in its
+// constructor, then one value field per add.  It lives only on a failure's
+// path, so a routine that succeeds never keeps a writer in memory.
+class MessageWriter {
+public:
+    MessageWriter(char* buf, int ifail, int code, int count) noexcept;
+    void add(int v) noexcept;
+    void add(double v) noexcept;
+    void add(char v) noexcept;
+    void add(std::string_view v) noexcept;
+    void add(const char* v) noexcept { add(std::string_view(v)); }
+
+private:
+    void field(std::string_view text) noexcept;
+
+    char* buf_;
+    int pos_ = 0;
+};
+
 class Fail {
 public:
     // Clears the indicator and marks the buffer empty (first byte NUL).
-    Fail(char* errbuf, int& ifail) noexcept : buf_(errbuf), ifail_(ifail)
+    Fail(char* errbuf, int& ifail) noexcept : buf_(errbuf), ifail_(&ifail)
     {
         buf_[0] = '\0';
-        ifail_ = 0;
+        ifail = 0;
     }
     Fail(const Fail&) = delete;
     Fail& operator=(const Fail&) = delete;
@@ -60,12 +79,13 @@ public:
     void operator()(const Message<K>& m, const V&... values) noexcept
     {
         static_assert(sizeof...(V) == K, "value count differs from the message's slots");
-        begin(m.ifail, m.code, K);
-        (add(values), ...);
+        MessageWriter writer(buf_, m.ifail, m.code, K);
+        (writer.add(values), ...);
+        *ifail_ = m.ifail;
     }
 
-    bool failed() const noexcept { return ifail_ != 0; }
-    int ifail() const noexcept { return ifail_; }
+    bool failed() const noexcept { return *ifail_ != 0; }
+    int ifail() const noexcept { return *ifail_; }
 
     // Reports the exception in flight (allocation failure or anything else).
     void exception() noexcept;
@@ -73,17 +93,10 @@ public:
     void finish() noexcept { buf_[errbuf_length - 1] = '\0'; }
 
 private:
-    void begin(int ifail, int code, int count) noexcept;
-    void add(int v) noexcept;
-    void add(double v) noexcept;
-    void add(char v) noexcept;
-    void add(std::string_view v) noexcept;
-    void add(const char* v) noexcept { add(std::string_view(v)); }
-    void field(std::string_view text) noexcept;
-
+    // Two pointers and nothing else: once an implementation is inlined into
+    // its entry, the writer of a call that succeeds needs no memory.
     char* buf_;
-    int& ifail_;
-    int pos_;  // set by begin(), before any field
+    int* ifail_;
 };
 
 }  // namespace lbx

@@ -11,6 +11,7 @@
 // term more (about 2 ULPs of the remainder).
 #include "special/gamma.hpp"
 
+#include <array>
 #include <cmath>
 
 #include "frame/machine.hpp"
@@ -55,19 +56,22 @@ constexpr double kQ4[9] = {
     6.393885654300092398984238e5,  2.690530175870899333379843e3,  -1.0};
 // Stirling's series for x >= 10 in powers of 1/x^2, constant term first
 // (Cody-Hillstrom's minimax-adjusted set).
-constexpr double kStirling[7] = {8.333333333333333331554247e-02,
-                                 -2.777777777777681622553e-03,
-                                 7.93650793500350248e-04,
-                                 -5.952379913043012e-04,
-                                 8.4171387781295e-04,
-                                 -1.910444077728e-03,
-                                 5.7083835261e-03};
+constexpr std::array<double, 7> kStirling = {8.333333333333333331554247e-02,
+                                             -2.777777777777681622553e-03,
+                                             7.93650793500350248e-04,
+                                             -5.952379913043012e-04,
+                                             8.4171387781295e-04,
+                                             -1.910444077728e-03,
+                                             5.7083835261e-03};
 
 // The series: ln Gamma(x) - ((x - 1/2) ln x - x + ln sqrt(2 pi)) for x >= 10.
 inline double stirling_series(double x)
 {
     const double r = 1.0 / x;  // one division for both 1/x^2 and S/x
-    return polynomial(kStirling, r * r) * r;
+    // Estrin's scheme: the series is below 0.007 of the result, so its
+    // roundings do not reach the result's last bit, and the short chain
+    // overlaps with the logarithm.
+    return estrin(kStirling, r * r) * r;
 }
 
 // ln Gamma(x) for 12 < x <= 2.55e305: Stirling's formula with the series
