@@ -173,21 +173,7 @@ void D01AQFN(const D01AQF_GProc& g, double a, double b, double c, double epsabs,
                     bad_right = b2;
                 }
             }
-            if (!(error2 > error1)) {
-                alist[last - 1] = a2;
-                blist[maxerr - 1] = b1;
-                blist[last - 1] = b2;
-                elist[maxerr - 1] = error1;
-                elist[last - 1] = error2;
-            } else {
-                alist[maxerr - 1] = a2;
-                alist[last - 1] = a1;
-                blist[last - 1] = b1;
-                rlist[maxerr - 1] = area2;
-                rlist[last - 1] = area1;
-                elist[maxerr - 1] = error2;
-                elist[last - 1] = error1;
-            }
+            store_halves(s, maxerr, last, a1, b1, a2, b2, area1, area2, error1, error2);
             order_by_error(s, last, maxerr, errmax, nrmax);
             if (ier != 0 || errsum <= errbnd) {
                 break;
