@@ -95,21 +95,7 @@ QagsOutcome qag_core(Rule&& rule, F&& f, double a, double b, double epsabs, doub
                 out.bad_right = b2;
             }
         }
-        if (!(error2 > error1)) {
-            alist[last] = a2;
-            blist[maxerr] = b1;
-            blist[last] = b2;
-            elist[maxerr] = error1;
-            elist[last] = error2;
-        } else {
-            alist[maxerr] = a2;
-            alist[last] = a1;
-            blist[last] = b1;
-            rlist[maxerr] = area2;
-            rlist[last] = area1;
-            elist[maxerr] = error2;
-            elist[last] = error1;
-        }
+        store_halves(s, maxerr, last, a1, b1, a2, b2, area1, area2, error1, error2);
         order_by_error(s, last, maxerr, errmax, nrmax);
         if (ier != 0 || errsum <= errbnd) {
             break;  // 40

@@ -95,10 +95,12 @@ void D01AQFN(const D01AQF_GProc& g, double a, double b, double c, double epsabs,
     epsrel = std::fabs(epsrel);
     const int limit = std::min(lw / 4, liw);
     const Subintervals s{w, w + limit, w + 2 * limit, w + 3 * limit, iw, limit};
-    double* alist = s.alist - 1;
-    double* blist = s.blist - 1;
-    double* rlist = s.rlist - 1;
-    double* elist = s.elist - 1;
+    // The published 1-based interval numbers (maxerr, last) index the lists
+    // at [number - 1].
+    double* alist = s.alist;
+    double* blist = s.blist;
+    double* rlist = s.rlist;
+    double* elist = s.elist;
     auto eval = [&](double x) { return g(x, iuser, ruser); };
 
     int ier = 0;
@@ -108,19 +110,19 @@ void D01AQFN(const D01AQF_GProc& g, double a, double b, double c, double epsabs,
     const double bb = a <= b ? b : a;
     int krule = 2, neval = 0;
     D01AQZN(eval, aa, bb, c, result, abserr, krule, neval);
-    rlist[1] = result;
-    elist[1] = abserr;
+    rlist[0] = result;
+    elist[0] = abserr;
     s.iord[0] = 1;
-    alist[1] = a;
-    blist[1] = b;
+    alist[0] = a;
+    blist[0] = b;
     double errbnd = dmax(epsabs, epsrel * std::fabs(result));
     if (limit == 1) {
         ier = 1;
     }
     if (!(abserr < dmin(0.01 * std::fabs(result), errbnd) || ier == 1)) {
-        alist[1] = aa;
-        blist[1] = bb;
-        rlist[1] = result;
+        alist[0] = aa;
+        blist[0] = bb;
+        rlist[0] = result;
         double errmax = abserr;
         int maxerr = 1;
         double area = result;
@@ -128,9 +130,9 @@ void D01AQFN(const D01AQF_GProc& g, double a, double b, double c, double epsabs,
         int nrmax = 1;
         int iroff1 = 0, iroff2 = 0;
         for (last = 2; last <= limit; ++last) {
-            const double a1 = alist[maxerr];
-            double b1 = 0.5 * (alist[maxerr] + blist[maxerr]);
-            const double b2 = blist[maxerr];
+            const double a1 = alist[maxerr - 1];
+            double b1 = 0.5 * (alist[maxerr - 1] + blist[maxerr - 1]);
+            const double b2 = blist[maxerr - 1];
             if (c <= b1 && c > a1) {
                 b1 = 0.5 * (c + b2);
             }
@@ -146,16 +148,16 @@ void D01AQFN(const D01AQF_GProc& g, double a, double b, double c, double epsabs,
             const double area12 = area1 + area2;
             const double erro12 = error1 + error2;
             errsum = errsum + erro12 - errmax;
-            area = area + area12 - rlist[maxerr];
-            if (std::fabs(rlist[maxerr] - area12) < 1.0e-5 * std::fabs(area12) &&
+            area = area + area12 - rlist[maxerr - 1];
+            if (std::fabs(rlist[maxerr - 1] - area12) < 1.0e-5 * std::fabs(area12) &&
                 erro12 >= 0.99 * errmax && krule == 0) {
                 iroff1 = iroff1 + 1;
             }
             if (last > 10 && erro12 > errmax && krule == 0) {
                 iroff2 = iroff2 + 1;
             }
-            rlist[maxerr] = area1;
-            rlist[last] = area2;
+            rlist[maxerr - 1] = area1;
+            rlist[last - 1] = area2;
             errbnd = dmax(epsabs, epsrel * std::fabs(area));
             if (!(errsum <= errbnd)) {
                 if (iroff1 >= 6 && iroff2 > 20) {
@@ -171,21 +173,7 @@ void D01AQFN(const D01AQF_GProc& g, double a, double b, double c, double epsabs,
                     bad_right = b2;
                 }
             }
-            if (!(error2 > error1)) {
-                alist[last] = a2;
-                blist[maxerr] = b1;
-                blist[last] = b2;
-                elist[maxerr] = error1;
-                elist[last] = error2;
-            } else {
-                alist[maxerr] = a2;
-                alist[last] = a1;
-                blist[last] = b1;
-                rlist[maxerr] = area2;
-                rlist[last] = area1;
-                elist[maxerr] = error2;
-                elist[last] = error1;
-            }
+            store_halves(s, maxerr, last, a1, b1, a2, b2, area1, area2, error1, error2);
             order_by_error(s, last, maxerr, errmax, nrmax);
             if (ier != 0 || errsum <= errbnd) {
                 break;
@@ -194,7 +182,7 @@ void D01AQFN(const D01AQF_GProc& g, double a, double b, double c, double epsabs,
         last = std::min(last, limit);
         result = 0.0;
         for (int k = 1; k <= last; ++k) {
-            result = result + rlist[k];
+            result = result + rlist[k - 1];
         }
         abserr = errsum;
     }

@@ -2,12 +2,16 @@
 // cos(OMEGA x) (KEY = 1) or f(x) sin(OMEGA x) (KEY = 2): globally adaptive
 // bisection with the modified Clenshaw-Curtis rule of 25 points on the
 // subintervals where OMEGA times the half-length exceeds 2 (DQC25F, with its
-// Chebyshev moments, computed once per level of bisection and kept) and the
+// Chebyshev moments, computed once per level of bisection and kept, and
+// remembered per thread for later calls with the same OMEGA times
+// half-length) and the
 // 15-point Gauss-Kronrod rule with the weight elsewhere (DQK15W),
 // extrapolated by the epsilon algorithm (D01AJYN). The published order of
 // operations is kept.
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 #include "calculus/qags.hpp"
 #include "calculus/weighted.hpp"
@@ -22,12 +26,13 @@ namespace {
 constexpr int maxp1 = 21;
 
 // The moments of DQC25F: chebmo(m, k), m = 1..maxp1 the level, k = 1..25
-// (odd k: with respect to cosine, even k: sine), column-major as published;
+// (odd k: with respect to cosine, even k: sine), a level's 25 together;
 // momcom levels computed so far.
 struct ChebyshevMoments {
     double chebmo[maxp1 * 25];
     int momcom = 0;
-    double& operator()(int m, int k) { return chebmo[(m - 1) + (k - 1) * maxp1]; }
+    double& operator()(int m, int k) { return chebmo[(m - 1) * 25 + (k - 1)]; }
+    double* level(int m) { return chebmo + (m - 1) * 25; }
 };
 
 // DGTSL (LINPACK): solves the tridiagonal system with subdiagonal c(2..n),
@@ -74,8 +79,9 @@ void tridiagonal_solve(int n, double* c, double* d, double* e, double* b)
     }
 }
 
-// The Chebyshev moments of DQC25F for the parameter parint into row m.
-void oscillatory_moments(double parint, ChebyshevMoments& mom, int m)
+// The Chebyshev moments of DQC25F for the parameter parint (omega times the
+// half-length): moment k = 1..25 into out[k - 1].
+void oscillatory_moments(double parint, double* out)
 {
     double v[29], d[26], d1[26], d2[26];
     const int noequ = 25;
@@ -131,7 +137,7 @@ void oscillatory_moments(double parint, ChebyshevMoments& mom, int m)
         tridiagonal_solve(noequ, d1, d, d2, v + 3);
     }
     for (int j = 1; j <= 13; ++j) {
-        mom(m, 2 * j - 1) = v[j];
+        out[2 * j - 2] = v[j];
     }
 
     // With respect to sine.
@@ -174,8 +180,35 @@ void oscillatory_moments(double parint, ChebyshevMoments& mom, int m)
         tridiagonal_solve(noequ, d1, d, d2, v + 2);
     }
     for (int j = 1; j <= 12; ++j) {
-        mom(m, 2 * j) = v[j];
+        out[2 * j - 1] = v[j];
     }
+}
+
+// The moments depend on parint alone, and a caller integrating with the same
+// OMEGA over intervals of the same length asks for the same levels again: a
+// per-thread table of the last levels computed, indexed by parint's bits
+// (direct mapped, no locks; parint is never 0 here, the mark of an empty
+// slot). A hit gives the numbers a computation would.
+struct MomentCache {
+    static constexpr int slots = 128;
+    struct Slot {
+        std::uint64_t key;
+        double moments[25];
+    };
+    Slot slot[slots];
+};
+thread_local MomentCache moment_cache;
+
+void cached_moments(double parint, double* out)
+{
+    const auto key = std::bit_cast<std::uint64_t>(parint);
+    MomentCache::Slot& s =
+        moment_cache.slot[(key * 0x9E3779B97F4A7C15ull) >> 57];  // 7 bits: 128 slots
+    if (s.key != key) {
+        oscillatory_moments(parint, s.moments);
+        s.key = key;
+    }
+    std::copy_n(s.moments, 25, out);
 }
 
 // DQC25F: the integral of f(x) cos(omega x) (integr 1) or f(x) sin(omega x)
@@ -205,7 +238,7 @@ void D01ANZN(F&& f, double a, double b, double omega, int integr, int nrmom, int
     int m = 0;
     if (!(nrmom < mom.momcom || ksave == 1)) {
         m = mom.momcom + 1;
-        oscillatory_moments(parint, mom, m);
+        cached_moments(parint, mom.level(m));
     }
     if (nrmom < mom.momcom) {
         m = nrmom + 1;
@@ -398,21 +431,7 @@ QagsOutcome qawo_core(F&& f, double a, double b, double omega, int integr, doubl
             out.bad_left = a1;
             out.bad_right = b2;
         }
-        if (!(error2 > error1)) {
-            alist[last] = a2;
-            blist[maxerr] = b1;
-            blist[last] = b2;
-            elist[maxerr] = error1;
-            elist[last] = error2;
-        } else {
-            alist[maxerr] = a2;
-            alist[last] = a1;
-            blist[last] = b1;
-            rlist[maxerr] = area2;
-            rlist[last] = area1;
-            elist[maxerr] = error2;
-            elist[last] = error1;
-        }
+        store_halves(s, maxerr, last, a1, b1, a2, b2, area1, area2, error1, error2);
         order_by_error(s, last, maxerr, errmax, nrmax);
         if (errsum <= errbnd) {
             sum_lists = true;  // 170

@@ -46,6 +46,32 @@ struct Subintervals {
     int limit;
 };
 
+// After the bisection of interval maxerr (1-based) into [a1, b1] and [a2, b2]
+// with rlist(maxerr) = area1 and rlist(last) = area2 stored: the published
+// update of the lists, the half with the larger error keeping number maxerr
+// (the smaller error wins a tie for the left half), the other becoming last.
+inline void store_halves(const Subintervals& s, int maxerr, int last, double a1, double b1,
+                         double a2, double b2, double area1, double area2, double error1,
+                         double error2)
+{
+    const int m = maxerr - 1, l = last - 1;
+    if (!(error2 > error1)) {
+        s.alist[l] = a2;
+        s.blist[m] = b1;
+        s.blist[l] = b2;
+        s.elist[m] = error1;
+        s.elist[l] = error2;
+    } else {
+        s.alist[m] = a2;
+        s.alist[l] = a1;
+        s.blist[l] = b1;
+        s.rlist[m] = area2;
+        s.rlist[l] = area1;
+        s.elist[m] = error2;
+        s.elist[l] = error1;
+    }
+}
+
 // DQPSRT: keeps iord in descending order of elist after a bisection made
 // interval `last` (1-based), and selects the nrmax-th largest (maxerr, ermax).
 void order_by_error(const Subintervals& s, int last, int& maxerr, double& ermax, int& nrmax);
