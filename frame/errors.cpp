@@ -101,6 +101,13 @@ namespace lbx::frame {
 
 namespace {
 
+// An IFAIL on entry that asks for no records: 1 (soft, silent) and every
+// value other than 0 and -1.
+bool quiet(int ifail)
+{
+    return ifail == 1 || ifail < -1 || ifail > 1;
+}
+
 // A list-directed read of one integer: optional blanks, sign and digits,
 // ended by the end of the field, a blank, a comma or a slash.
 bool read_integer(const char* f, int& value)
@@ -187,11 +194,14 @@ void P01ABTN(const char* errbuf, int& code, char (&fields)[max_fields][field_len
         status = status_inconsistent;
 }
 
-int format_records(int error, const char* errbuf, std::span<const MessageText> table,
-                   char (*records)[record_length], int& nrecords)
+namespace {
+
+// The table's message for the coded message in errbuf (its fields split
+// into fields), or null when the message is malformed or its pair undefined.
+const MessageText* find_message(int error, const char* errbuf, std::span<const MessageText> table,
+                                char (&fields)[max_fields][field_length], int& code)
 {
-    int code = 0, status = 0;
-    char fields[max_fields][field_length];
+    int status = 0;
     P01ABTN(errbuf, code, fields, status);
     const MessageText* m = nullptr;
     if (status == status_ok) {
@@ -199,6 +209,17 @@ int format_records(int error, const char* errbuf, std::span<const MessageText> t
             if ((t.ifail == error || (t.ranged && error > t.ifail)) && t.code == code)
                 m = &t;
     }
+    return m;
+}
+
+}  // namespace
+
+int format_records(int error, const char* errbuf, std::span<const MessageText> table,
+                   char (*records)[record_length], int& nrecords)
+{
+    int code = 0;
+    char fields[max_fields][field_length];
+    const MessageText* m = find_message(error, errbuf, table, fields, code);
     if (m == nullptr) {
         char text[64];
         std::snprintf(text, sizeof text, " ** Unexpected error (%5d,%5d)", error, code);
@@ -237,6 +258,12 @@ int plain_exit(int ifail_on_entry, int error, const char* errbuf, std::string_vi
 {
     if (error == 0)
         return P01ABF(ifail_on_entry, 0, srname, 0, nullptr);
+    if (quiet(ifail_on_entry)) {
+        // Nothing is written: only the number the caller gets back counts.
+        int code = 0;
+        char fields[max_fields][field_length];
+        return find_message(error, errbuf, table, fields, code) != nullptr ? error : -99;
+    }
     char records[max_records][record_length];
     int nrecords = 0;
     int number = format_records(error, errbuf, table, records, nrecords);
@@ -249,8 +276,7 @@ int P01ABF(int ifail, int error, std::string_view srname, int nrecords,
     if (error == 0)
         return 0;
     const bool hard = ifail == 0;
-    const bool quiet = ifail == 1 || ifail < -1 || ifail > 1;
-    if (quiet)
+    if (quiet(ifail))
         return error;
     int unit = 0;
     X04AAFN(0, unit);
