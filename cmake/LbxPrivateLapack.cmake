@@ -12,7 +12,8 @@ function(lbx_private_lapack archive out)
     OUTPUT ${out}
     COMMAND Python3::Interpreter ${LBX_ROOT_DIR}/tools/private_lapack.py --nm ${CMAKE_NM}
             --objcopy ${CMAKE_OBJCOPY} --ar ${CMAKE_AR} ${flags} --in ${archive} --out ${out}
-            --reference dtfsm_ dsfrk_ ztfsm_ zhfrk_
+            --reference dtfsm_ dsfrk_ ztfsm_ zhfrk_ dsytrf_ zhetrf_ zsytrf_ dsysv_ zhesv_ zsysv_
+            dsptrf_ zhptrf_ zsptrf_ dspsv_ zhpsv_ zspsv_
     DEPENDS ${archive} ${LBX_ROOT_DIR}/tools/private_lapack.py
     COMMENT "Making the private copy of reference LAPACK")
   add_custom_target(lbx_private_lapack DEPENDS ${out})

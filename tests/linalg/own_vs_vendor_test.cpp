@@ -1,5 +1,6 @@
-// The own path against the external library: one routine of every F07 class
-// and F08 family, the same random inputs through the traced entry with
+// The own path against the external library: one routine of every F08
+// family (the F07 classes are covered by LAPACK's own testing programs run
+// against the own path, linalg.lapack_lin), the same random inputs through the traced entry with
 // CALL_VENDOR true (the external routine) and false (the own path).  INFO must
 // agree and every output to 100*n*eps of its size.  Where the two may
 // legitimately differ (signs of eigenvectors and singular vectors, the
@@ -163,14 +164,6 @@ Vec abs(const CVec& v)
     return out;
 }
 
-Vec flat(const CVec& v)
-{
-    Vec out;
-    for (const Cplx& z : v)
-        out.insert(out.end(), {z.real(), z.imag()});
-    return out;
-}
-
 Vec reals(const IVec& v)
 {
     return Vec(v.begin(), v.end());
@@ -233,179 +226,6 @@ Vec similarity_residual(const std::vector<T>& q, const std::vector<T>& t, const 
         }
     }
     return {worst / size};
-}
-
-// ---------------------------------------------------------------- F07: linear equations
-
-Outcome getri(const int* v)
-{
-    Outcome o;
-    Vec a = random(N * N, 1), work(LW);
-    IVec ipiv(N);
-    f07adft_(v, &kSorder, &N, &N, a.data(), &N, ipiv.data(), &o.info);
-    f07ajft_(v, &kSorder, &N, a.data(), &N, ipiv.data(), work.data(), &LW, &o.info);
-    o.add("A", a);
-    return o;
-}
-
-Outcome zgetri(const int* v)
-{
-    Outcome o;
-    CVec a = crandom(N * N, 2), work(LW);
-    IVec ipiv(N);
-    f07arft_(v, &kSorder, &N, &N, a.data(), &N, ipiv.data(), &o.info);
-    f07awft_(v, &kSorder, &N, a.data(), &N, ipiv.data(), work.data(), &LW, &o.info);
-    o.add("A", flat(a));
-    return o;
-}
-
-Outcome gbsv(const int* v)
-{
-    Outcome o;
-    const int kl = 2, ku = 3, ldab = 2 * kl + ku + 1;
-    Vec ab = random(ldab * N, 3), b = random(N * NR, 4);
-    IVec ipiv(N);
-    f07baft_(v, &kSorder, &N, &kl, &ku, &NR, ab.data(), &ldab, ipiv.data(), b.data(), &N, &o.info);
-    o.add("B", b);
-    o.add("IPIV", reals(ipiv));
-    return o;
-}
-
-Outcome gtsv(const int* v)
-{
-    Outcome o;
-    Vec dl = random(N - 1, 5), d = random(N, 6), du = random(N - 1, 7), b = random(N * NR, 8);
-    f07caft_(v, &kSorder, &N, &NR, dl.data(), d.data(), du.data(), b.data(), &N, &o.info);
-    o.add("B", b);
-    o.add("D", d);
-    return o;
-}
-
-Outcome posv(const int* v)
-{
-    Outcome o;
-    Vec a = spd(9), b = random(N * NR, 10);
-    f07faft_(v, &kSorder, "L", &N, &NR, a.data(), &N, b.data(), &N, &o.info, L1);
-    o.add("B", b);
-    o.add("A", a);
-    return o;
-}
-
-Outcome zposv(const int* v)
-{
-    Outcome o;
-    CVec a = positive_definite(crandom(N * N, 11)), b = crandom(N * NR, 12);
-    f07fnft_(v, &kSorder, "U", &N, &NR, a.data(), &N, b.data(), &N, &o.info, L1);
-    o.add("B", flat(b));
-    return o;
-}
-
-Outcome ppsv(const int* v)
-{
-    Outcome o;
-    Vec ap = packed(spd(13), 'U'), b = random(N * NR, 14);
-    f07gaft_(v, &kSorder, "U", &N, &NR, ap.data(), b.data(), &N, &o.info, L1);
-    o.add("B", b);
-    o.add("AP", ap);
-    return o;
-}
-
-Outcome pbsv(const int* v)
-{
-    Outcome o;
-    const int kd = 3, ldab = kd + 1;
-    Vec ab = lower_band(spd(15), kd), b = random(N * NR, 16);
-    f07haft_(v, &kSorder, "L", &N, &kd, &NR, ab.data(), &ldab, b.data(), &N, &o.info, L1);
-    o.add("B", b);
-    o.add("AB", ab);
-    return o;
-}
-
-Outcome ptsv(const int* v)
-{
-    Outcome o;
-    Vec d(N, 4.0), e = random(N - 1, 17), b = random(N * NR, 18);
-    f07jaft_(v, &kSorder, &N, &NR, d.data(), e.data(), b.data(), &N, &o.info);
-    o.add("B", b);
-    o.add("D", d);
-    return o;
-}
-
-Outcome sysv(const int* v)
-{
-    Outcome o;
-    Vec a = random(N * N, 20), b = random(N * NR, 21), work(LW);
-    IVec ipiv(N);
-    f07maft_(v, &kSorder, "U", &N, &NR, a.data(), &N, ipiv.data(), b.data(), &N, work.data(), &LW,
-             &o.info, L1);
-    o.add("B", b);
-    o.add("IPIV", reals(ipiv));
-    return o;
-}
-
-Outcome zsysv(const int* v)
-{
-    Outcome o;
-    CVec a = crandom(N * N, 22), b = crandom(N * NR, 23), work(LW);
-    IVec ipiv(N);
-    f07nnft_(v, &kSorder, "L", &N, &NR, a.data(), &N, ipiv.data(), b.data(), &N, work.data(), &LW,
-             &o.info, L1);
-    o.add("B", flat(b));
-    o.add("IPIV", reals(ipiv));
-    return o;
-}
-
-Outcome spsv(const int* v)
-{
-    Outcome o;
-    Vec ap = random(N * (N + 1) / 2, 24), b = random(N * NR, 25);
-    IVec ipiv(N);
-    f07paft_(v, &kSorder, "L", &N, &NR, ap.data(), ipiv.data(), b.data(), &N, &o.info, L1);
-    o.add("B", b);
-    o.add("IPIV", reals(ipiv));
-    return o;
-}
-
-Outcome zspsv(const int* v)
-{
-    Outcome o;
-    CVec ap = crandom(N * (N + 1) / 2, 26), b = crandom(N * NR, 27);
-    IVec ipiv(N);
-    f07qnft_(v, &kSorder, "U", &N, &NR, ap.data(), ipiv.data(), b.data(), &N, &o.info, L1);
-    o.add("B", flat(b));
-    o.add("IPIV", reals(ipiv));
-    return o;
-}
-
-Outcome trtri(const int* v)
-{
-    Outcome o;
-    Vec a = upper_triangular(28);
-    f07tjft_(v, &kSorder, "U", "N", &N, a.data(), &N, &o.info, L1, L1);
-    o.add("A", a);
-    return o;
-}
-
-Outcome tptri(const int* v)
-{
-    Outcome o;
-    Vec ap = packed(upper_triangular(29), 'U');
-    f07ujft_(v, &kSorder, "U", "N", &N, ap.data(), &o.info, L1, L1);
-    o.add("AP", ap);
-    return o;
-}
-
-Outcome ztbtrs(const int* v)
-{
-    Outcome o;
-    const int kd = 2, ldab = kd + 1;
-    CVec ab = crandom(ldab * N, 30), b = crandom(N * NR, 31);
-    for (int j = 0; j < N; ++j)
-        ab[j * ldab] = 3.0 + j;  // the diagonal (lower band, row 1)
-    f07vsft_(v, &kSorder, "L", "C", "N", &N, &kd, &NR, ab.data(), &ldab, b.data(), &N, &o.info, L1,
-             L1, L1);
-    o.add("B", flat(b));
-    return o;
 }
 
 // ---------------------------------------------------------------- F08: eigenproblems and least
@@ -744,14 +564,6 @@ Outcome gglse(const int* v)
     }
 
 const Row kRows[] = {
-    LBX_ROW(F07AJF, DGETRI, getri),  LBX_ROW(F07AWF, ZGETRI, zgetri),
-    LBX_ROW(F07BAF, DGBSV, gbsv),    LBX_ROW(F07CAF, DGTSV, gtsv),
-    LBX_ROW(F07FAF, DPOSV, posv),    LBX_ROW(F07FNF, ZPOSV, zposv),
-    LBX_ROW(F07GAF, DPPSV, ppsv),    LBX_ROW(F07HAF, DPBSV, pbsv),
-    LBX_ROW(F07JAF, DPTSV, ptsv),    LBX_ROW(F07MAF, DSYSV, sysv),
-    LBX_ROW(F07NNF, ZSYSV, zsysv),   LBX_ROW(F07PAF, DSPSV, spsv),
-    LBX_ROW(F07QNF, ZSPSV, zspsv),   LBX_ROW(F07TJF, DTRTRI, trtri),
-    LBX_ROW(F07UJF, DTPTRI, tptri),  LBX_ROW(F07VSF, ZTBTRS, ztbtrs),
     LBX_ROW(F08AHF, DGELQF, gelqf),  LBX_ROW(F08BFF, DGEQP3, geqp3),
     LBX_ROW(F08CHF, DGERQF, gerqf),  LBX_ROW(F08FAF, DSYEV, syev),
     LBX_ROW(F08FNF, ZHEEV, heev),    LBX_ROW(F08GAF, DSPEV, spev),

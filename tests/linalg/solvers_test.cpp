@@ -679,15 +679,6 @@ Outcome f04baf(int n, int lda, std::vector<double> a, std::vector<double> b, int
     return o;
 }
 
-TEST(F04BAF, EmptySystemIsLegal)
-{
-    const Outcome o = f04baf(0, 1, {9.0}, {9.0}, 1);
-    EXPECT_EQ(o.ifail, 0);
-    EXPECT_EQ(o.rcond, 1.0);  // the empty matrix is perfectly conditioned
-    EXPECT_EQ(o.errbnd, eps);
-    EXPECT_EQ(o.b[0], 9.0);
-}
-
 TEST(F04BAF, LeadingDimensionChecksHoldForEmptySystems)
 {
     const Outcome o = f04baf(0, 0, {9.0}, {9.0}, 1);

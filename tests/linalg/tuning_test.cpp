@@ -2,8 +2,10 @@
 // replacements, through the exported entries, with the reporters recording.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "lbx3207qk.h"
 #include "linalg/shims.hpp"
@@ -160,6 +162,23 @@ TEST(Shims, XerblaReportsUnderThePairingName)
         lbx_xerbla_(x.standard, &x.info, std::strlen(x.standard));
         EXPECT_TRUE(rec.called()) << x.standard;
         EXPECT_TRUE(rec.passed()) << x.standard;
+    }
+}
+
+// The NaN-safe index search of the private LAPACK: the first element of
+// largest magnitude by comparisons a NaN never wins, unless it is element 1
+// (the answers worked out by hand; where element 1 is not a NaN, the external
+// routine's own answer stands unless it names a NaN).
+TEST(Shims, IndexSearchLetsNoNaNWinButElementOne)
+{
+    const double nan = std::nan("");
+    const struct {
+        std::vector<double> x;
+        int expected;
+    } cases[] = {{{nan, 3.0, -5.0, 2.0}, 1}, {{1.0, nan, -5.0, 5.0}, 3}};
+    for (const auto& c : cases) {
+        const int n = static_cast<int>(c.x.size()), inc = 1;
+        EXPECT_EQ(lbx_idamax_(&n, c.x.data(), &inc), c.expected) << c.expected;
     }
 }
 
