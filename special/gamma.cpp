@@ -109,7 +109,10 @@ inline Wide consecutive_product(double a, int m)
 // differ in its last bit.
 bool has_fma()
 {
-    static const bool yes = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+    static const bool yes = [] {
+        __builtin_cpu_init();  // may run before the runtime's own constructor
+        return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+    }();
     return yes;
 }
 
