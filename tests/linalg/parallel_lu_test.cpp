@@ -17,6 +17,7 @@
 #include <omp.h>
 
 #include "gen/linalg.hpp"
+#include "recording.hpp"
 
 namespace {
 
@@ -225,7 +226,13 @@ TEST(F07ADGN, ArgumentChecks)
         std::vector<double> a(64, 3.0);
         std::vector<int> ipiv(8, -7);
         int info = 99;
-        lbx::linalg::F07ADGN(c.m, c.n, a.data(), c.lda, ipiv.data(), info);
+        {
+            // A bad argument is reported through F06AAZN: recorded, not stopped.
+            lbx_test::Recording rec(-c.info, "F07ADG");
+            lbx::linalg::F07ADGN(c.m, c.n, a.data(), c.lda, ipiv.data(), info);
+            EXPECT_EQ(rec.called(), c.info != 0);
+            EXPECT_TRUE(rec.passed()) << lbx_test::Recording::env();
+        }
         EXPECT_EQ(info, c.info);
         EXPECT_EQ(a, std::vector<double>(64, 3.0));
         EXPECT_EQ(ipiv, std::vector<int>(8, -7));
