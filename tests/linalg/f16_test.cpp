@@ -108,16 +108,21 @@ TEST(F16, DsumAddsPairs)
     EXPECT_EQ(sum, Z(big + 2, big + 2));
 }
 
-TEST(F16, DsumEmptyIsZeroWithoutReport)
+// Empty vectors: sums 0, no extreme element (K = 0, R = 0), no report.
+TEST(F16, EmptyVectors)
 {
     Recording rec(0, "NONE");
     const double x[] = {5};
     for (int n : {0, -3}) {
-        int inc = 1;
+        int inc = 1, k = 5;
+        double r = 5;
         EXPECT_EQ(blas_dsum_(&n, x, &inc), 0.0);
         Z s = 7;
         blas_zsum_(&n, reinterpret_cast<const Z*>(x), &inc, &s);
         EXPECT_EQ(s, Z(0));
+        blas_dmax_val_(&n, x, &inc, &k, &r);
+        EXPECT_EQ(k, 0);
+        EXPECT_EQ(r, 0.0);
     }
     EXPECT_FALSE(rec.called());
 }
@@ -260,16 +265,6 @@ TEST(F16, ExtremeValuesSkipNaN)
     blas_dmin_val_(&n, x.data(), &one, &k, &r);
     EXPECT_EQ(k, 1);
     EXPECT_TRUE(std::isnan(r));
-}
-
-TEST(F16, ExtremeOfNothingIsZero)
-{
-    const double x[] = {3};
-    int n = 0, inc = 1, k = 5;
-    double r = 5;
-    blas_dmax_val_(&n, x, &inc, &k, &r);
-    EXPECT_EQ(k, 0);
-    EXPECT_EQ(r, 0.0);
 }
 
 // A zero increment: argument number, the name a recording test expects.
