@@ -2,6 +2,8 @@
 // entry's record builder and the error exit P01ABF.
 #include "frame/errors.hpp"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <new>
@@ -16,17 +18,35 @@ namespace {
 constexpr char separator = '\x01';
 }
 
+namespace {
+
+// v right-justified in a field of width characters (wider values as they are).
+std::string_view right_justified(std::string_view v, int width, char (&out)[32])
+{
+    const int pad = width > static_cast<int>(v.size()) ? width - static_cast<int>(v.size()) : 0;
+    std::memset(out, ' ', static_cast<std::size_t>(pad));
+    std::memcpy(out + pad, v.data(), v.size());
+    return {out, pad + v.size()};
+}
+
+// An integer as printf's %<width>d writes it.
+std::string_view integer_field(int v, int width, char (&out)[32])
+{
+    char digits[16];
+    const auto r = std::to_chars(digits, digits + sizeof digits, v);
+    return right_justified({digits, static_cast<std::size_t>(r.ptr - digits)}, width, out);
+}
+
+}  // namespace
+
 MessageWriter::MessageWriter(char* buf, int ifail, int code, int count) noexcept : buf_(buf)
 {
     std::memset(buf_, ' ', errbuf_length);
     buf_[pos_++] = separator;
-    char text[16];
-    std::snprintf(text, sizeof text, "%5d", ifail);
-    field(text);
-    std::snprintf(text, sizeof text, "%5d", code);
-    field(text);
-    std::snprintf(text, sizeof text, "%5d", count);
-    field(text);
+    char text[32];
+    field(integer_field(ifail, 5, text));
+    field(integer_field(code, 5, text));
+    field(integer_field(count, 5, text));
 }
 
 // Appends one field and its closing separator; a field that would not fit
@@ -43,30 +63,39 @@ void MessageWriter::field(std::string_view text) noexcept
 
 void MessageWriter::add(int v) noexcept
 {
-    char text[16];
-    std::snprintf(text, sizeof text, "%11d", v);
-    field(text);
+    char text[32];
+    field(integer_field(v, 11, text));
 }
 
+// A real as 1PE22.15 writes it: 15 decimals, an exponent of at least two
+// digits, and a three-digit exponent without its letter, so the field keeps
+// 22 characters ("-1.000000000000000-300").  The digits are those of
+// printf's %.15E (std::to_chars rounds the same way), at a fraction of its
+// cost.
 void MessageWriter::add(double v) noexcept
 {
     char text[32];
     if (v != v) {
-        std::snprintf(text, sizeof text, "%22s", "NaN");
-    } else if (v == __builtin_inf() || v == -__builtin_inf()) {
-        std::snprintf(text, sizeof text, "%22s", v > 0 ? "Infinity" : "-Infinity");
-    } else {
-        // A three-digit exponent drops its letter, as Fortran's 1PE22.15 edit
-        // does, so the field keeps 22 characters and 15 decimals:
-        // "-1.000000000000000-300".
-        char raw[32];
-        const int n = std::snprintf(raw, sizeof raw, "%.15E", v);
-        char* e = std::strchr(raw, 'E');
-        if (e != nullptr && n - (e - raw) > 4)
-            std::memmove(e, e + 1, std::strlen(e));
-        std::snprintf(text, sizeof text, "%22s", raw);
+        field(right_justified("NaN", 22, text));
+        return;
     }
-    field(text);
+    if (v == __builtin_inf() || v == -__builtin_inf()) {
+        field(right_justified(v > 0 ? "Infinity" : "-Infinity", 22, text));
+        return;
+    }
+    char raw[40];
+    const auto r = std::to_chars(raw, raw + sizeof raw, v, std::chars_format::scientific, 15);
+    char* e = std::find(raw, r.ptr, 'e');
+    char out[40];
+    std::size_t n = static_cast<std::size_t>(e - raw);
+    std::memcpy(out, raw, n);
+    const std::size_t exponent_digits =
+        static_cast<std::size_t>(r.ptr - e) - 2;  // after 'e' and sign
+    if (exponent_digits < 3)
+        out[n++] = 'E';
+    std::memcpy(out + n, e + 1, exponent_digits + 1);
+    n += exponent_digits + 1;
+    field(right_justified({out, n}, 22, text));
 }
 
 void MessageWriter::add(char v) noexcept
