@@ -104,6 +104,41 @@ void fill(int* state, double* out, int n)
     put60(state + 4, x);
 }
 
+bool fill_integers(int* state, int lo, std::uint64_t w, int* out, int n)
+{
+    const std::uint64_t a = get60(state + 8);
+    std::uint64_t x = get60(state + 4);
+    if ((a & 1) == 0 || x == 0)
+        return false;
+    // lo + floor(x w / 2^60) for each 60-bit value x; w <= 2^32, so the product fits 128 bits.
+    const auto scale = [w](std::uint64_t y) {
+        return static_cast<std::int64_t>((static_cast<unsigned __int128>(y) * w) >> 60);
+    };
+    int i = 0;
+    if (n >= 8) {  // four interleaved chains, as in fill
+        const std::uint64_t a2 = a * a, a3 = a2 * a, a4 = a3 * a;
+        std::uint64_t y0 = (a * x) & kMask60, y1 = (a2 * x) & kMask60;
+        std::uint64_t y2 = (a3 * x) & kMask60, y3 = (a4 * x) & kMask60;
+        for (; i + 4 <= n; i += 4) {
+            out[i] = static_cast<int>(lo + scale(y0));
+            out[i + 1] = static_cast<int>(lo + scale(y1));
+            out[i + 2] = static_cast<int>(lo + scale(y2));
+            out[i + 3] = static_cast<int>(lo + scale(y3));
+            x = y3;
+            y0 = (y0 * a4) & kMask60;
+            y1 = (y1 * a4) & kMask60;
+            y2 = (y2 * a4) & kMask60;
+            y3 = (y3 * a4) & kMask60;
+        }
+    }
+    for (; i < n; ++i) {
+        x = (a * x) & kMask60;
+        out[i] = static_cast<int>(lo + scale(x));
+    }
+    put60(state + 4, x);
+    return true;
+}
+
 void skip(int* state, std::uint64_t n)
 {
     const std::uint64_t c = pow_mod(get60(state + 8), n);

@@ -222,8 +222,18 @@ TEST(RandomDiscrete, ModesAndUniforms)
         rt::uniforms(s4, 1000);
         EXPECT_EQ(s1, s4) << name << ": one uniform per variate";
         ASSERT_EQ(d(3, r3, s3, x3), 0) << name;
-        if (name != "logarithmic")
+        if (name != "logarithmic" && name != "geometric")
             EXPECT_EQ(s3, s4) << name << ": MODE 3, one uniform per variate";
+        if (name == "logarithmic" || name == "geometric") {  // serial: pieces continue
+            std::vector<int> s5 = rt::make(6, {5}), x5(1000);
+            for (int at : {0, 1, 500}) {
+                std::vector<int> piece(at == 0 ? 1 : at == 1 ? 499 : 500);
+                ASSERT_EQ(d(3, r3, s5, piece), 0) << name;
+                std::copy(piece.begin(), piece.end(), x5.begin() + at);
+            }
+            EXPECT_EQ(x5, x3) << name;
+            EXPECT_EQ(s5, s3) << name;
+        }
         if (name != "logarithmic" && name != "geometric")
             EXPECT_EQ(x3, x2) << name << ": MODE 3 uses the same table";
     }

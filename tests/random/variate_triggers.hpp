@@ -8,8 +8,6 @@
 
 namespace rt {
 
-std::vector<lbx::test::Trigger> continuous_triggers();
-std::vector<lbx::test::Trigger> discrete_triggers();
 // triggers followed by those of the variate generators.
 std::vector<lbx::test::Trigger> plus_variates(std::vector<lbx::test::Trigger> triggers);
 
