@@ -75,7 +75,7 @@ private:
         filled_ = kBlock;
     }
 
-    static constexpr int kBlock = 256;
+    static constexpr int kBlock = 1024;
     int* state_;
     std::vector<int> saved_;
     double buf_[kBlock];
