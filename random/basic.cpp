@@ -34,6 +34,35 @@ inline double to_unit(std::uint64_t x)
     return std::min(static_cast<double>(static_cast<std::int64_t>(x)) * 0x1p-60, kBelowOne);
 }
 
+// The next n values a x, a^2 x, ... passed to put(i, value); returns the last. Four
+// interleaved chains, each advanced by a^4, give the same sequence.
+template <class Put>
+std::uint64_t walk(std::uint64_t a, std::uint64_t x, int n, Put put)
+{
+    int i = 0;
+    if (n >= 8) {
+        const std::uint64_t a2 = a * a, a3 = a2 * a, a4 = a3 * a;
+        std::uint64_t y0 = (a * x) & kMask60, y1 = (a2 * x) & kMask60;
+        std::uint64_t y2 = (a3 * x) & kMask60, y3 = (a4 * x) & kMask60;
+        for (; i + 4 <= n; i += 4) {
+            put(i, y0);
+            put(i + 1, y1);
+            put(i + 2, y2);
+            put(i + 3, y3);
+            x = y3;
+            y0 = (y0 * a4) & kMask60;
+            y1 = (y1 * a4) & kMask60;
+            y2 = (y2 * a4) & kMask60;
+            y3 = (y3 * a4) & kMask60;
+        }
+    }
+    for (; i < n; ++i) {
+        x = (a * x) & kMask60;
+        put(i, x);
+    }
+    return x;
+}
+
 std::uint64_t pow_mod(std::uint64_t a, std::uint64_t e)
 {
     std::uint64_t r = 1;
@@ -79,29 +108,21 @@ void fill(int* state, double* out, int n)
         put60(state + 4, x);
         return;
     }
-    int i = 0;
-    if (n >= 8) {
-        // Four interleaved chains, each advanced by a^4, give the same sequence.
-        const std::uint64_t a2 = a * a, a3 = a2 * a, a4 = a3 * a;
-        std::uint64_t y0 = (a * x) & kMask60, y1 = (a2 * x) & kMask60;
-        std::uint64_t y2 = (a3 * x) & kMask60, y3 = (a4 * x) & kMask60;
-        for (; i + 4 <= n; i += 4) {
-            out[i] = to_unit(y0);
-            out[i + 1] = to_unit(y1);
-            out[i + 2] = to_unit(y2);
-            out[i + 3] = to_unit(y3);
-            x = y3;
-            y0 = (y0 * a4) & kMask60;
-            y1 = (y1 * a4) & kMask60;
-            y2 = (y2 * a4) & kMask60;
-            y3 = (y3 * a4) & kMask60;
-        }
-    }
-    for (; i < n; ++i) {
-        x = (a * x) & kMask60;
-        out[i] = to_unit(x);
-    }
-    put60(state + 4, x);
+    put60(state + 4, walk(a, x, n, [out](int i, std::uint64_t y) { out[i] = to_unit(y); }));
+}
+
+bool fill_integers(int* state, int lo, std::uint64_t w, int* out, int n)
+{
+    const std::uint64_t a = get60(state + 8);
+    const std::uint64_t x = get60(state + 4);
+    if ((a & 1) == 0 || x == 0)
+        return false;
+    // lo + floor(y w / 2^60) for each 60-bit value y; w <= 2^32, so the product fits 128 bits.
+    put60(state + 4, walk(a, x, n, [=](int i, std::uint64_t y) {
+              out[i] = static_cast<int>(
+                  lo + static_cast<std::int64_t>((static_cast<unsigned __int128>(y) * w) >> 60));
+          }));
+    return true;
 }
 
 void skip(int* state, std::uint64_t n)

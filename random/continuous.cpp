@@ -7,91 +7,47 @@
 // Inversion methods draw exactly one uniform per variate (two for the exponential mixture),
 // the uniforms exactly those G05SAF would give, and transform them in parallel: each element
 // depends only on its own uniforms, so the result is the same for any number of threads.
-// Rejection methods (beta, gamma, chi-squared, F, t, Dirichlet, von Mises) take a variable
-// number of uniforms per variate and run serially; STATE ends just past the last uniform used
-// (the uniforms come in blocks, and the unused rest of the last block is given back).
+// Methods with a variable number of uniforms per variate (exponential, beta, gamma,
+// chi-squared, F, t, Dirichlet, von Mises) run serially; STATE ends just past the last uniform
+// used (random/source.hpp: the uniforms come in blocks, the unused rest of the last block is
+// given back).
 //
 // Methods:
-//   gamma: Marsaglia and Tsang, ACM TOMS 26 (2000) 363-372, with the normal deviate of each
-//     trial formed by inversion of its first uniform (every trial takes two uniforms); shape a < 1
-//     by G(a + 1) U^(1/a) (ibid., s. 5);
-//   beta: Cheng, Comm. ACM 21 (1978) 317-322, algorithms BB (both shapes > 1) and BC;
+//   normal deviates inside these methods and the exponential: the ziggurat (Marsaglia and
+//     Tsang, J. Statist. Software 5 (2000); random/source.hpp);
+//   gamma: Marsaglia and Tsang, ACM TOMS 26 (2000) 363-372, a ziggurat normal and one uniform
+//     per trial; shape a < 1 by G(a + 1) U^(1/a) (ibid., s. 5);
+//   beta: Johnk, Metrika 8 (1964) 5-15, when both shapes are at most 1 (accepts with
+//     probability Gamma(a+1) Gamma(b+1) / Gamma(a+b+1) >= 1/2), else G(a) / (G(a) + G(b));
 //   chi-squared, F, t: from gamma variates (2 G(DF/2); ratios of chi-squared variates;
 //     Z / sqrt(chi-squared / DF));
 //   Dirichlet: M gamma variates normalised by their sum (kept as logarithms for shapes below
 //     1, so tiny shapes do not underflow to 0/0);
 //   von Mises: Best and Fisher, Appl. Statist. 28 (1979) 152-157, with the wrapped normal of
 //     variance 1/VK for VK > 1e6, where the acceptance constants lose their accuracy;
-//   Cauchy, exponential, exponential mixture, logistic, log-normal, triangular, uniform,
-//     Weibull: inversion.
+//   Cauchy, exponential mixture, logistic, log-normal, triangular, uniform, Weibull: inversion.
 // A rejection loop that accepts nothing in kMaxTrials trials means the generator does not
 // progress (a degenerate block): the routine fails rather than loops. Each method accepts a
-// trial with probability above 1/2 (BC: above 1/4), so a sound generator fails with
-// probability below 0.75^1000 < 1e-124.
+// trial with probability above 1/2, so a sound generator fails with probability below
+// 2^-1000.
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
 
+#include <omp.h>
+
 #include "frame/math_constants.hpp"
 #include "gen/random.hpp"
 #include "random/engines.hpp"
+#include "random/source.hpp"
 #include "random/state.hpp"
 #include "stats/inverse_normal.hpp"
 
 namespace lbx::random {
 namespace {
 
-constexpr int kMaxTrials = 1000;
 constexpr int kChunk = 256;
-
-// Uniforms in stream order from a checked STATE, drawn in blocks: before each block the
-// source keeps a copy of STATE, and finish() puts STATE back to that copy and draws again only
-// the uniforms of the block that were used. STATE so ends exactly past the last uniform used,
-// as if they had been drawn one at a time, at the price of one copy of STATE per block.
-class Source {
-public:
-    explicit Source(int* state) : state_(state), saved_(state, state + state[0]) {}
-    double u()
-    {
-        if (next_ == filled_)
-            refill();
-        return buf_[next_++];
-    }
-    double normal() { return lbx::stats::inverse_normal(u()); }
-    void pair(double& a, double& b)
-    {
-        a = u();
-        b = u();
-    }
-    void finish()
-    {
-        if (next_ == filled_)
-            return;
-        std::copy(saved_.begin(), saved_.end(), state_);
-        if (next_ > 0)
-            fill_uniform(state_, buf_, next_);
-        next_ = filled_ = 0;
-    }
-
-private:
-    void refill()
-    {
-        std::copy(state_, state_ + saved_.size(), saved_.begin());
-        fill_uniform(state_, buf_, kBlock);
-        next_ = 0;
-        filled_ = kBlock;
-    }
-
-    static constexpr int kBlock = 256;
-    int* state_;
-    std::vector<int> saved_;
-    double buf_[kBlock];
-    int next_ = 0, filled_ = 0;
-};
-
-// Rejection failed: the generator does not progress.
-struct Stuck {};
 
 // Marsaglia-Tsang for shape a >= 1, scale 1.
 class GammaMt {
@@ -100,13 +56,12 @@ public:
     double operator()(Source& s) const
     {
         for (int t = 0; t < kMaxTrials; ++t) {
-            double un, u;
-            s.pair(un, u);  // both uniforms of the trial, the second unused when v <= 0
-            const double z = lbx::stats::inverse_normal(un);
+            const double z = s.normal();
             double v = 1.0 + c_ * z;
             if (v <= 0.0)
                 continue;
             v = v * v * v;
+            const double u = s.u();
             const double z2 = z * z;
             if (u < 1.0 - 0.0331 * z2 * z2)
                 return d_ * v;
@@ -144,83 +99,39 @@ private:
     GammaMt core_;
 };
 
-// Cheng's BB and BC.
+// Beta(a, b): Johnk's method when both shapes are at most 1, else G(a) / (G(a) + G(b)).
 class Beta {
 public:
-    Beta(double a, double b) : aa_(a), a_(std::min(a, b)), b_(std::max(a, b)), alpha_(a_ + b_)
-    {
-        if (a_ <= 1.0) {
-            beta_ = 1.0 / a_;
-            const double delta = 1.0 + b_ - a_;
-            k1_ = delta * (0.0138889 + 0.0416667 * a_) / (b_ * beta_ - 0.777778);
-            k2_ = 0.25 + (0.5 + 0.25 / delta) * a_;
-        } else {
-            beta_ = std::sqrt((alpha_ - 2.0) / (2.0 * a_ * b_ - alpha_));
-            gamma_ = a_ + 1.0 / beta_;
-        }
-    }
+    Beta(double a, double b) : a_(a), b_(b), ga_(a), gb_(b) {}
 
-    double operator()(Source& s) const { return a_ <= 1.0 ? bc(s) : bb(s); }
+    double operator()(Source& s) const
+    {
+        if (a_ > 1.0 || b_ > 1.0) {
+            const double x = ga_(s);
+            return x / (x + gb_(s));
+        }
+        for (int t = 0; t < kMaxTrials; ++t) {
+            double u, v;
+            s.pair(u, v);
+            const double x = std::pow(u, 1.0 / a_), y = std::pow(v, 1.0 / b_);
+            const double sum = x + y;
+            if (!(sum <= 1.0))
+                continue;
+            if (sum > 0.0)
+                return x / sum;
+            // Both powers underflow: the ratio from their logarithms.
+            double lx = std::log(u) / a_, ly = std::log(v) / b_;
+            const double top = std::max(lx, ly);
+            lx -= top;
+            ly -= top;
+            return std::exp(lx - std::log(std::exp(lx) + std::exp(ly)));
+        }
+        throw Stuck{};
+    }
 
 private:
-    // w = scale * exp(beta log(u1 / (1 - u1))), kept finite.
-    double w_of(double u1, double scale, double& v) const
-    {
-        v = beta_ * std::log(u1 / (1.0 - u1));
-        const double w = v < 709.0 ? scale * std::exp(v) : std::numeric_limits<double>::max();
-        return std::isinf(w) ? std::numeric_limits<double>::max() : w;
-    }
-
-    double bb(Source& s) const
-    {
-        for (int t = 0; t < kMaxTrials; ++t) {
-            double u1, u2;
-            s.pair(u1, u2);
-            double v;
-            const double w = w_of(u1, a_, v);
-            const double z = u1 * u1 * u2;
-            const double r = gamma_ * v - 1.3862944;
-            const double sv = a_ + r - w;
-            bool accept = sv + 2.609438 >= 5.0 * z;
-            if (!accept) {
-                const double lz = std::log(z);
-                accept = sv > lz || r + alpha_ * std::log(alpha_ / (b_ + w)) >= lz;
-            }
-            if (accept)
-                return aa_ != a_ ? b_ / (b_ + w) : w / (b_ + w);
-        }
-        throw Stuck{};
-    }
-
-    double bc(Source& s) const
-    {
-        for (int t = 0; t < kMaxTrials; ++t) {
-            double u1, u2;
-            s.pair(u1, u2);
-            double z, v, w;
-            if (u1 < 0.5) {
-                const double y = u1 * u2;
-                z = u1 * y;
-                if (0.25 * u2 + z - y >= k1_)
-                    continue;
-            } else {
-                z = u1 * u1 * u2;
-                if (z <= 0.25) {
-                    w = w_of(u1, b_, v);
-                    return aa_ == a_ ? a_ / (a_ + w) : w / (a_ + w);
-                }
-                if (z >= k2_)
-                    continue;
-            }
-            w = w_of(u1, b_, v);
-            if (alpha_ * (std::log(alpha_ / (a_ + w)) + v) - 1.3862944 >= std::log(z))
-                return aa_ == a_ ? a_ / (a_ + w) : w / (a_ + w);
-        }
-        throw Stuck{};
-    }
-
-    double aa_, a_, b_, alpha_;
-    double beta_ = 0.0, gamma_ = 0.0, k1_ = 0.0, k2_ = 0.0;
+    double a_, b_;
+    Gamma ga_, gb_;
 };
 
 // Best-Fisher von Mises on (-pi, pi] with mean 0.
@@ -261,13 +172,24 @@ private:
 };
 
 // Fills x with n uniforms and applies f to each in parallel.
+// One thread transforms each block of uniforms while it is in cache; several fill all of x
+// first and share the transform. The values are the same either way.
 template <class F>
 void transform_uniforms(int* state, double* x, int n, F f)
 {
-    fill_uniform(state, x, n);
-#pragma omp parallel for schedule(static) if (n >= 4096)
-    for (int i = 0; i < n; ++i)
-        x[i] = f(x[i]);
+    if (n >= 4096 && omp_get_max_threads() > 1) {
+        fill_uniform(state, x, n);
+#pragma omp parallel for schedule(static)
+        for (int i = 0; i < n; ++i)
+            x[i] = f(x[i]);
+        return;
+    }
+    for (int i = 0; i < n; i += kChunk) {
+        const int len = std::min(kChunk, n - i);
+        fill_uniform(state, x + i, len);
+        for (int j = i; j < i + len; ++j)
+            x[j] = f(x[j]);
+    }
 }
 
 // Serial draws x[i] = draw(source); false if a rejection loop stalled.
@@ -406,7 +328,13 @@ void G05SFFN(int n, double a, int* state, double* x, int lstate, lbx::Fail& fail
         return;
     if (a == 0.0)
         return std::fill(x, x + n, 0.0);
-    transform_uniforms(state, x, n, [=](double u) { return -a * std::log(u); });
+    Source s(state);
+    for (int i = 0; i < n;) {
+        i += s.fast_exponentials(n - i, [&](int k, double e) { x[i + k] = a * e; });
+        if (i < n)
+            x[i++] = a * s.exponential();
+    }
+    s.finish();
 }
 
 void G05SGFN(int n, int nmix, const double* a, const double* wgt, int* state, double* x, int lstate,

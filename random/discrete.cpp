@@ -17,18 +17,21 @@
 // give), found by binary search, in parallel over the elements (the result does not depend
 // on the number of threads). MODE 3 builds the same table in working storage for the
 // binomial, hypergeometric and negative binomial (so MODE 2 and MODE 3 give the same
-// variates), inverts the geometric in closed form, floor(log u / log(1 - P)), and draws the
+// variates), draws the geometric as floor(E / -log(1 - P)) from a ziggurat exponential E
+// (random/source.hpp; serial, STATE left just past the last uniform used), and draws the
 // logarithmic by Kemp's algorithm LK (A. W. Kemp, "Efficient generation of logarithmically
 // distributed pseudo-random variables", Appl. Statist. 30 (1981) 249-253; one or two uniforms
 // per variate, serial).
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <vector>
 
 #include "frame/math_constants.hpp"
 #include "gen/random.hpp"
 #include "random/engines.hpp"
+#include "random/source.hpp"
 #include "random/state.hpp"
 #include "special/gamma.hpp"
 
@@ -403,24 +406,26 @@ void G05TCFN(int mode, int n, double p, double* r, int lr, int* state, int* x, i
         return fail(Msg::P_RANGE, p);
     const Geometric d(p);
     const Reference<Msg> ref{4103.0, {p}};
-    // MODE 3: floor(log u / log(1 - P)), a value beyond the integers given as 2147483647
-    // (probability (1 - P)^2147483647).
-    const double inv_lq = 1.0 / std::log1p(-p);
+    // MODE 3: floor(E / -log(1 - P)) with E a ziggurat exponential (serial, a variable number
+    // of uniforms), a value beyond the integers given as 2147483647 (probability
+    // (1 - P)^2147483647).
+    const double inv_lq = -1.0 / std::log1p(-p);
     run_table(
         mode, n, d, ref, r, lr, state, x, lstate, fail,
         [&](const double* rr) { fail(Msg::PARAMS_CHANGED, rr[1], p); },
         [&](int* xx) {
-            std::vector<double> u(std::min(n, kChunk * 16));
-            const int len_max = static_cast<int>(u.size());
-            for (int i = 0; i < n; i += len_max) {
-                const int len = std::min(len_max, n - i);
-                fill_uniform(state, u.data(), len);
-#pragma omp parallel for schedule(static) if (len >= kChunk)
-                for (int j = 0; j < len; ++j) {
-                    const double v = p == 1.0 ? 0.0 : std::floor(std::log(u[j]) * inv_lq);
-                    xx[i + j] = static_cast<int>(std::min(v, kIntMax));
-                }
+            if (p == 1.0)
+                return std::fill(xx, xx + n, 0);
+            Source s(state);
+            const auto put = [&](int i, double e) {
+                xx[i] = static_cast<int>(std::min(std::floor(e * inv_lq), kIntMax));
+            };
+            for (int i = 0; i < n;) {
+                i += s.fast_exponentials(n - i, [&](int k, double e) { put(i + k, e); });
+                if (i < n)
+                    put(i++, s.exponential());
             }
+            s.finish();
         },
         false);
 }
@@ -725,8 +730,12 @@ void G05TLFN(int n, int a, int b, int* state, int* x, int lstate, lbx::Fail& fai
     if (!state_usable<G05TLF_msg>(state, lstate, fail))
         return;
     // A + floor(u (B - A + 1)): one uniform per variate; the width is at most 2^32, so the
-    // product is exact to well within one integer and stays below B + 1.
+    // product is exact to well within one integer and stays below B + 1. The basic generator
+    // gives A + floor(x (B - A + 1) / 2^60) from its 60-bit values x directly, the same
+    // stream without the rounding of x to a double.
     const double w = static_cast<double>(b) - a + 1.0;
+    if (state[2] == 1 && basic::fill_integers(state, a, static_cast<std::uint64_t>(w), x, n))
+        return;
     double u[kChunk];
     for (int i = 0; i < n; i += kChunk) {
         const int len = std::min(kChunk, n - i);

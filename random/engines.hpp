@@ -47,6 +47,9 @@ bool leap_frog(int* state, int n, int k);
 namespace basic {
 void init(int s, int* state);
 void fill(int* state, double* x, int n);
+// n integers lo + floor(x w / 2^60) from the next n raw values x (1 <= w <= 2^32); false,
+// drawing nothing, for a block changed by hand (even multiplier or zero value).
+bool fill_integers(int* state, int lo, std::uint64_t w, int* out, int n);
 void skip(int* state, std::uint64_t n);
 void skip_pow2(int* state, int p);
 void leap(int* state, int n, int k);

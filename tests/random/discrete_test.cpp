@@ -22,12 +22,6 @@
 
 namespace {
 
-double chi2_threshold(int df)
-{
-    const double d = df, c = 2.0 / (9.0 * d);
-    return d * std::pow(1.0 - c + 5.6 * std::sqrt(c), 3);
-}
-
 double log_choose(double n, double k)
 {
     return std::lgamma(n + 1) - std::lgamma(k + 1) - std::lgamma(n - k + 1);
@@ -189,7 +183,7 @@ TEST(RandomDiscrete, FitsItsDistribution)
                 const std::string what =
                     c.name + " MODE " + std::to_string(mode) + " GENID " + std::to_string(genid);
                 if (df >= 1)
-                    EXPECT_LT(s, chi2_threshold(df)) << what;
+                    EXPECT_LT(s, rt::chi2_threshold(df)) << what;
                 const double mean = std::accumulate(x.begin(), x.end(), 0.0,
                                                     [](double a, int v) { return a + v; }) /
                                     n;
@@ -222,8 +216,18 @@ TEST(RandomDiscrete, ModesAndUniforms)
         rt::uniforms(s4, 1000);
         EXPECT_EQ(s1, s4) << name << ": one uniform per variate";
         ASSERT_EQ(d(3, r3, s3, x3), 0) << name;
-        if (name != "logarithmic")
+        if (name != "logarithmic" && name != "geometric")
             EXPECT_EQ(s3, s4) << name << ": MODE 3, one uniform per variate";
+        if (name == "logarithmic" || name == "geometric") {  // serial: pieces continue
+            std::vector<int> s5 = rt::make(6, {5}), x5(1000);
+            for (int at : {0, 1, 500}) {
+                std::vector<int> piece(at == 0 ? 1 : at == 1 ? 499 : 500);
+                ASSERT_EQ(d(3, r3, s5, piece), 0) << name;
+                std::copy(piece.begin(), piece.end(), x5.begin() + at);
+            }
+            EXPECT_EQ(x5, x3) << name;
+            EXPECT_EQ(s5, s3) << name;
+        }
         if (name != "logarithmic" && name != "geometric")
             EXPECT_EQ(x3, x2) << name << ": MODE 3 uses the same table";
     }
@@ -259,11 +263,18 @@ TEST(RandomDiscrete, LogicalAndUniformIntegers)
         const double trues = static_cast<double>(std::count(b.begin(), b.end(), 1));
         EXPECT_EQ(trues + std::count(b.begin(), b.end(), 0), n);
         EXPECT_LT(std::fabs(trues - 0.3 * n), 5.5 * std::sqrt(n * 0.21)) << genid;
-        // Uniform integers on -3..13: 17 equiprobable cells.
+        // Uniform integers on -3..13: 17 equiprobable cells, -3 + floor(17 u) of the next n
+        // uniforms (for the basic generator from its 60-bit values: equal but where 17 x / 2^60
+        // lies within 2^-53 of an integer, never at this seed).
         int a = -3, bb = 13;
         std::vector<int> x(n);
+        t = s;
         g05tlf_(&nn, &a, &bb, s.data(), x.data(), &ifail);
         ASSERT_EQ(ifail, 0);
+        const std::vector<double> u = rt::uniforms(t, n);
+        EXPECT_EQ(s, t) << "one uniform per integer";
+        for (int i = 0; i < n; ++i)
+            ASSERT_EQ(x[i], -3 + static_cast<int>(17 * u[i])) << genid << " " << i;
         std::vector<double> count(17, 0.0);
         for (int v : x) {
             ASSERT_TRUE(v >= -3 && v <= 13) << v;
@@ -272,7 +283,7 @@ TEST(RandomDiscrete, LogicalAndUniformIntegers)
         double chi = 0.0;
         for (double c : count)
             chi += (c - n / 17.0) * (c - n / 17.0) / (n / 17.0);
-        EXPECT_LT(chi, chi2_threshold(16)) << genid;
+        EXPECT_LT(chi, rt::chi2_threshold(16)) << genid;
     }
     // The whole integer range and a single value.
     std::vector<int> s = rt::make(1, {5}), x(100000);
@@ -321,7 +332,7 @@ TEST(RandomDiscrete, GeneralDiscrete)
         double chi = 0.0;
         for (int k : {0, 2, 3})
             chi += (count[k] - n * p[k]) * (count[k] - n * p[k]) / (n * p[k]);
-        EXPECT_LT(chi, chi2_threshold(2)) << genid;
+        EXPECT_LT(chi, rt::chi2_threshold(2)) << genid;
     }
 }
 
@@ -350,7 +361,7 @@ TEST(RandomDiscrete, PoissonWithVaryingMeans)
                 return k < 0 ? 0.0 : std::exp(k * std::log(lambda) - lambda - std::lgamma(k + 1.0));
             },
             0, static_cast<int>(lambda), &df);
-        EXPECT_LT(chi, chi2_threshold(df)) << lambda;
+        EXPECT_LT(chi, rt::chi2_threshold(df)) << lambda;
     }
     std::vector<int> a = rt::make(1, {9}), b = a, xa(1000), xb(1000);
     std::vector<double> c(1000, 12.5), r(1);
@@ -408,7 +419,7 @@ TEST(RandomDiscrete, Multinomial)
                                                  (m - c) * std::log1p(-pj));
             },
             0, static_cast<int>(m * pj), &df);
-        EXPECT_LT(chi, chi2_threshold(df)) << j;
+        EXPECT_LT(chi, rt::chi2_threshold(df)) << j;
     }
 }
 

@@ -14,13 +14,6 @@
 
 namespace {
 
-// Wilson-Hilferty upper quantile with z = 5.6 (exact tail below 1.1e-8 for df >= 5).
-double chi2_threshold(int df)
-{
-    const double d = df, c = 2.0 / (9.0 * d);
-    return d * std::pow(1.0 - c + 5.6 * std::sqrt(c), 3);
-}
-
 // Pearson's statistic of counts against expectations e (e.size() cells).
 double chi2(const std::vector<double>& count, const std::vector<double>& e)
 {
@@ -28,18 +21,6 @@ double chi2(const std::vector<double>& count, const std::vector<double>& e)
     for (std::size_t i = 0; i < count.size(); ++i)
         s += (count[i] - e[i]) * (count[i] - e[i]) / e[i];
     return s;
-}
-
-constexpr double kKsThreshold = 2.9;  // P(sqrt(n) D_n > 2.9) = 9.9e-8 asymptotically
-
-double ks_statistic(std::vector<double> v, double (*cdf)(double))
-{
-    std::sort(v.begin(), v.end());
-    const double n = static_cast<double>(v.size());
-    double d = 0.0;
-    for (std::size_t i = 0; i < v.size(); ++i)
-        d = std::max({d, cdf(v[i]) - i / n, (i + 1) / n - cdf(v[i])});
-    return d * std::sqrt(n);
 }
 
 double normal_cdf(double x)
@@ -109,10 +90,9 @@ TEST(RandomVariates, UniformsAndNormalsFitTheirDistributions)
             if (i % 2 == 1)
                 grid[static_cast<int>(u[i - 1] * 32) * 32 + static_cast<int>(u[i] * 32)] += 1;
         }
-        EXPECT_LT(chi2(count, std::vector<double>(1000, 1000.0)), chi2_threshold(999)) << genid;
-        EXPECT_LT(chi2(grid, std::vector<double>(1024, 500000.0 / 1024)), chi2_threshold(1023));
-        EXPECT_LT(ks_statistic({u.begin(), u.begin() + 100000}, [](double v) { return v; }),
-                  kKsThreshold)
+        EXPECT_LT(chi2(count, std::vector<double>(1000, 1000.0)), rt::chi2_threshold(999)) << genid;
+        EXPECT_LT(chi2(grid, std::vector<double>(1024, 500000.0 / 1024)), rt::chi2_threshold(1023));
+        EXPECT_LT(rt::ks({u.begin(), u.begin() + 100000}, [](double v) { return v; }), rt::kKs)
             << genid;
         std::vector<double> x(200000), cells(200, 0.0);
         ASSERT_EQ(skf(state, 3.0, 4.0, x), 0);
@@ -120,8 +100,8 @@ TEST(RandomVariates, UniformsAndNormalsFitTheirDistributions)
             v = (v - 3.0) / 2.0;
             cells[std::min(199, static_cast<int>(normal_cdf(v) * 200))] += 1;
         }
-        EXPECT_LT(ks_statistic({x.begin(), x.begin() + 100000}, normal_cdf), kKsThreshold) << genid;
-        EXPECT_LT(chi2(cells, std::vector<double>(200, 1000.0)), chi2_threshold(199)) << genid;
+        EXPECT_LT(rt::ks({x.begin(), x.begin() + 100000}, normal_cdf), rt::kKs) << genid;
+        EXPECT_LT(chi2(cells, std::vector<double>(200, 1000.0)), rt::chi2_threshold(199)) << genid;
     }
 }
 
@@ -171,7 +151,7 @@ TEST(RandomVariates, PoissonChiSquared)
         ASSERT_EQ(tjf(c.mode, c.lambda, r, state, x), 0) << c.lambda;
         int df = 0;
         const double statistic = poisson_chi2(x, c.lambda, &df);
-        EXPECT_LT(statistic, chi2_threshold(df)) << "MODE " << c.mode << " LAMBDA " << c.lambda;
+        EXPECT_LT(statistic, rt::chi2_threshold(df)) << "MODE " << c.mode << " LAMBDA " << c.lambda;
         EXPECT_GE(df, 3);
     }
 }
