@@ -37,25 +37,10 @@ FIXED = [
     # the mixed-precision drivers and the named classes
     ("F07ACF", "DSGESV"), ("F07AQF", "ZCGESV"), ("F07FCF", "DSPOSV"), ("F07FQF", "ZCPOSV"),
     ("F07MRF", "ZHETRF"), ("F07NRF", "ZSYTRF"),
-    # the stems F08 is built around
-    ("F08AFF", "DORGQR"), ("F08AGF", "DORMQR"), ("F08AHF", "DGELQF"), ("F08AJF", "DORGLQ"),
-    ("F08AKF", "DORMLQ"), ("F08ATF", "ZUNGQR"), ("F08AUF", "ZUNMQR"), ("F08AVF", "ZGELQF"),
-    ("F08AWF", "ZUNGLQ"), ("F08AXF", "ZUNMLQ"), ("F08BFF", "DGEQP3"), ("F08BTF", "ZGEQP3"),
-    ("F08CEF", "DGEQLF"), ("F08CFF", "DORGQL"), ("F08CGF", "DORMQL"), ("F08CHF", "DGERQF"),
-    ("F08CJF", "DORGRQ"), ("F08CKF", "DORMRQ"), ("F08CSF", "ZGEQLF"), ("F08CTF", "ZUNGQL"),
-    ("F08CUF", "ZUNMQL"), ("F08CVF", "ZGERQF"), ("F08CWF", "ZUNGRQ"), ("F08CXF", "ZUNMRQ"),
-    ("F08FDF", "DSYEVR"), ("F08FEF", "DSYTRD"), ("F08FFF", "DORGTR"), ("F08FGF", "DORMTR"),
-    ("F08FRF", "ZHEEVR"), ("F08FSF", "ZHETRD"), ("F08FTF", "ZUNGTR"), ("F08FUF", "ZUNMTR"),
-    ("F08GFF", "DOPGTR"), ("F08JDF", "DSTEVR"), ("F08JEF", "DSTEQR"), ("F08JHF", "DSTEDC"),
-    ("F08JJF", "DSTEBZ"), ("F08JKF", "DSTEIN"), ("F08JSF", "ZSTEQR"), ("F08JVF", "ZSTEDC"),
-    ("F08KAF", "DGELSS"), ("F08KBF", "DGESVD"), ("F08KCF", "DGELSD"), ("F08KEF", "DGEBRD"),
-    ("F08KFF", "DORGBR"), ("F08KGF", "DORMBR"), ("F08KNF", "ZGELSS"), ("F08KPF", "ZGESVD"),
-    ("F08KQF", "ZGELSD"), ("F08KSF", "ZGEBRD"), ("F08KTF", "ZUNGBR"), ("F08KUF", "ZUNMBR"),
-    ("F08MDF", "DBDSDC"), ("F08MEF", "DBDSQR"), ("F08NEF", "DGEHRD"), ("F08NGF", "DORMHR"),
-    ("F08NSF", "ZGEHRD"), ("F08NTF", "ZUNGHR"), ("F08PEF", "DHSEQR"), ("F08PKF", "DHSEIN"),
-    ("F08PSF", "ZHSEQR"), ("F08SEF", "DSYGST"), ("F08SSF", "ZHEGST"), ("F08TAF", "DSPGV"),
-    ("F08TBF", "DSPGVX"), ("F08TCF", "DSPGVD"), ("F08YHF", "DTGSYL"), ("F08YVF", "ZTGSYL"),
-    ("F08FAF", "DSYEV"), ("F08FNF", "ZHEEV"),
+    # F08 stems: one per family, real and complex counterparts
+    ("F08AHF", "DGELQF"), ("F08AVF", "ZGELQF"), ("F08CHF", "DGERQF"), ("F08FEF", "DSYTRD"),
+    ("F08FSF", "ZHETRD"), ("F08FAF", "DSYEV"), ("F08FNF", "ZHEEV"), ("F08KBF", "DGESVD"),
+    ("F08KPF", "ZGESVD"), ("F08PEF", "DHSEQR"), ("F08PSF", "ZHSEQR"), ("F08YHF", "DTGSYL"),
 ]
 
 EXTERNAL = {

@@ -91,10 +91,8 @@ struct Shape {
     int m, n, pad;  // LDA = M + pad
 };
 
-const Shape shapes[] = {{1, 1, 0},     {1, 7, 0},     {7, 1, 2},     {5, 3, 1},     {3, 5, 0},
-                        {63, 63, 0},   {64, 64, 1},   {65, 65, 0},   {128, 128, 0}, {129, 100, 3},
-                        {100, 129, 0}, {200, 130, 0}, {130, 200, 5}, {193, 193, 0}, {320, 300, 0},
-                        {300, 320, 2}, {450, 450, 0}};
+const Shape shapes[] = {{1, 7, 0},     {7, 1, 2},     {63, 63, 0},  {65, 65, 0},
+                        {129, 100, 3}, {130, 200, 5}, {320, 300, 0}};
 
 TEST(F07ADGN, MatchesDgetrfOnRandomMatrices)
 {
@@ -120,43 +118,33 @@ TEST(F07ADGN, MatchesDgetrfOnRandomMatrices)
     }
 }
 
+// One, two and three threads, and two calls inside a parallel region whose
+// inner region is serialised, then forked: the same factors bit for bit.
 TEST(F07ADGN, SameFactorsOnAnyNumberOfThreads)
 {
-    const Shape cases[] = {{300, 300, 0}, {257, 190, 1}, {190, 257, 0}, {500, 500, 0}};
+    const Shape cases[] = {{257, 190, 1}, {190, 257, 0}, {260, 260, 0}};
     unsigned seed = 100;
+    const int saved_levels = omp_get_max_active_levels();
     for (const Shape& s : cases) {
         SCOPED_TRACE(testing::Message() << "m " << s.m << " n " << s.n);
         const int lda = s.m + s.pad;
         const std::vector<double> a = random_matrix(lda, s.n, seed++);
         const Factors one = ours_on(1, s.m, s.n, a, lda);
-        for (int threads : {2, 3}) {
-            const Factors many = ours_on(threads, s.m, s.n, a, lda);
-            EXPECT_EQ(std::memcmp(one.a.data(), many.a.data(), one.a.size() * sizeof(double)), 0)
-                << threads << " threads";
-            EXPECT_EQ(one.ipiv, many.ipiv) << threads << " threads";
-            EXPECT_EQ(one.info, many.info) << threads << " threads";
-        }
-    }
-}
-
-TEST(F07ADGN, InsideAParallelRegion)
-{
-    const int m = 260, n = 260;
-    const std::vector<double> a = random_matrix(m, n, 7);
-    const Factors one = ours_on(1, m, n, a, m);
-    const int saved_levels = omp_get_max_active_levels();
-    for (int levels : {1, 2}) {  // the inner region serialised, then forked
-        omp_set_max_active_levels(levels);
-        Factors f[2];
+        std::vector<Factors> others = {ours_on(2, s.m, s.n, a, lda), ours_on(3, s.m, s.n, a, lda)};
+        for (int levels : {1, 2}) {
+            omp_set_max_active_levels(levels);
+            Factors f[2];
 #pragma omp parallel num_threads(2)
-        f[omp_get_thread_num()] = ours(m, n, a, m);
-        for (const Factors& x : f) {
-            EXPECT_EQ(std::memcmp(one.a.data(), x.a.data(), one.a.size() * sizeof(double)), 0)
-                << levels << " levels";
-            EXPECT_EQ(one.ipiv, x.ipiv) << levels << " levels";
+            f[omp_get_thread_num()] = ours(s.m, s.n, a, lda);
+            others.insert(others.end(), {f[0], f[1]});
+        }
+        omp_set_max_active_levels(saved_levels);
+        for (const Factors& x : others) {
+            EXPECT_EQ(std::memcmp(one.a.data(), x.a.data(), one.a.size() * sizeof(double)), 0);
+            EXPECT_EQ(one.ipiv, x.ipiv);
+            EXPECT_EQ(one.info, x.info);
         }
     }
-    omp_set_max_active_levels(saved_levels);
 }
 
 TEST(F07ADGN, LeavesTheExternalThreadSettingAlone)
@@ -191,9 +179,9 @@ TEST(F07ADGN, SingularMatricesGiveTheFirstZeroPivot)
         std::vector<int> zero_columns;  // from 1
         int info;
     };
-    const Case cases[] = {{150, 150, {100}, 100},    {150, 150, {130, 71}, 71},
-                          {150, 150, {6, 140}, 6},   {200, 120, {120}, 120},
-                          {120, 200, {65, 150}, 65}, {3, 3, {1, 2, 3}, 1},
+    const Case cases[] = {{150, 150, {130, 71}, 71},
+                          {150, 150, {6, 140}, 6},
+                          {120, 200, {65, 150}, 65},
                           {100, 150, {140}, 0}};
     unsigned seed = 50;
     for (const Case& c : cases) {
@@ -218,9 +206,8 @@ TEST(F07ADGN, ArgumentChecks)
     struct Case {
         int m, n, lda, info;
     };
-    const Case cases[] = {{-1, 2, 1, -1}, {-1, -1, 0, -1}, {2, -1, 2, -2}, {2, -3, 1, -2},
-                          {3, 2, 2, -4},  {0, 0, 0, -4},   {1, 1, 0, -4},  {0, 5, 1, 0},
-                          {5, 0, 5, 0},   {0, 0, 1, 0}};
+    const Case cases[] = {{-1, -1, 0, -1}, {2, -3, 1, -2}, {3, 2, 2, -4},
+                          {0, 0, 0, -4},   {0, 5, 1, 0},   {5, 0, 5, 0}};
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << "m " << c.m << " n " << c.n << " lda " << c.lda);
         std::vector<double> a(64, 3.0);

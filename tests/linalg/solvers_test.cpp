@@ -1,9 +1,12 @@
 // The solvers of A X = B (F04BAF and its relatives) through their traced
-// entries: every catalogue message with the values it quotes, the check order
-// and the argument numbers (from each routine's argument list), outputs left
-// alone on argument errors, solutions of systems with a known integer X, and
-// RCOND against the exact 1-norm condition number (a textbook Gauss-Jordan
-// inverse in long double); then F04BAF's edges.
+// entries, one table over all of them: solutions of systems with a known
+// integer X read from each storage and triangle, RCOND against the exact
+// 1-norm condition number (a textbook Gauss-Jordan inverse in long double),
+// every catalogue message with the values it quotes (the argument numbers
+// from each routine's argument list), the check order with outputs left
+// alone, the breakdown column and the ill-conditioning warning; then the
+// band limits and F04BAF's edges (RCOND exactly eps, NaN entries, the plain
+// entry).  The factorizations themselves are LAPACK's testing programs'.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -28,7 +31,6 @@ using lbx::test::Raised;
 using Z = std::complex<double>;
 
 constexpr double eps = 0x1p-53;  // machine precision (X02AJF)
-const double kNaN = std::nan("");
 const int one = 1;
 
 enum class Kind { GE, GB, GT, PO, PP, PB, PT, SY, SP };
@@ -147,12 +149,6 @@ void for_all(F f)
         f(r);
     for (const auto& r : complex_routines)
         f(r);
-}
-
-bool symmetric_kind(Kind k)
-{
-    return k == Kind::PO || k == Kind::PP || k == Kind::PB || k == Kind::PT || k == Kind::SY ||
-           k == Kind::SP;
 }
 
 // Well-conditioned 4 x 4 matrices with each storage's structure.
@@ -348,71 +344,9 @@ long double condition_1(const Dense<T>& A)
     return na * ni;
 }
 
-template <class T>
-std::vector<char> uplos(const Routine<T>& r)
-{
-    return symmetric_kind(r.kind) && r.kind != Kind::PT ? std::vector<char>{'U', 'L'}
-                                                        : std::vector<char>{'U'};
-}
-
-template <class T>
-void check_solutions(const Routine<T>& r)
-{
-    for (char uplo : uplos(r)) {
-        SCOPED_TRACE(std::string(r.name) + " UPLO = " + uplo);
-        const Dense<T> A = typed<T>(good_matrix(r.kind), r.shape);
-        const Dense<T> X = integer_solution<T>(A.n, 3);
-        Problem<T> p = make(r, A, X, uplo);
-        r.call(p);
-        ASSERT_EQ(p.ifail, 0);
-        for (int c = 0; c < X.m; ++c)
-            for (int i = 0; i < A.n; ++i)
-                EXPECT_LE(std::abs(p.b[i + c * p.ldb] - X(i, c)), 1e-13 * std::abs(X(i, c)) + 1e-14)
-                    << "X(" << i + 1 << "," << c + 1 << ")";
-        EXPECT_EQ(p.b[A.n + p.ldb], T(1e3)) << "B past row N";
-        const double exact = static_cast<double>(1.0L / condition_1(A));
-        EXPECT_GE(p.rcond, exact * (1 - 1e-12));
-        EXPECT_LE(p.rcond, 3 * exact);
-        EXPECT_EQ(p.errbnd, eps / p.rcond);
-    }
-}
-
-TEST(Solvers, SolutionsAndConditionEstimates)
-{
-    for_all([](const auto& r) { check_solutions(r); });
-}
-
-// N = 0: nothing to solve, RCOND = 1.
-template <class T>
-void check_empty(const Routine<T>& r)
-{
-    SCOPED_TRACE(r.name);
-    Problem<T> p = make(r, Dense<T>(0, 0), Dense<T>(0, 1), 'U');
-    r.call(p);
-    EXPECT_EQ(p.ifail, 0);
-    EXPECT_EQ(p.rcond, 1.0);  // the empty matrix is perfectly conditioned
-    EXPECT_EQ(p.errbnd, eps);
-    // Leading dimensions are still at least 1.
-    std::istringstream in(r.args);
-    std::string word;
-    for (int position = 1; in >> word; ++position) {
-        if (word != "LDA" && word != "LDB")
-            continue;
-        Problem<T> q = make(r, Dense<T>(0, 0), Dense<T>(0, 1), 'U');
-        (word == "LDA" ? q.lda : q.ldb) = 0;
-        r.call(q);
-        EXPECT_EQ(q.ifail, -position) << word << " = 0";
-    }
-}
-
-TEST(Solvers, EmptySystemsAreLegal)
-{
-    for_all([](const auto& r) { check_empty(r); });
-}
-
 // 3 x 3 matrices whose factorization breaks down at column 2 (a zero pivot,
 // a leading minor of order 2 that is not positive definite, a zero diagonal
-// block), and one whose RCOND is eps/4.
+// block).
 Dense<double> broken_matrix(Kind k)
 {
     switch (k) {
@@ -431,42 +365,50 @@ Dense<double> broken_matrix(Kind k)
 }
 
 template <class T>
-void check_failures(const Routine<T>& r)
+Raised run(const Routine<T>& r, Problem<T>& p)
 {
-    for (char uplo : uplos(r)) {
-        SCOPED_TRACE(std::string(r.name) + " UPLO = " + uplo);
-        const Dense<T> X = integer_solution<T>(3, 2);
-        Problem<T> p = make(r, typed<T>(broken_matrix(r.kind), Shape::real), X, uplo);
-        r.call(p);
-        const Raised got = lbx::test::split(p.errbuf, p.ifail);
-        EXPECT_EQ(got.ifail, 2);
-        EXPECT_EQ(got.values, std::vector<std::string>{"2"});
-        EXPECT_EQ(p.rcond, 0.0);
-        EXPECT_EQ(p.errbnd, 1.0);
-
-        Dense<double> ill = {{1, 0, 0}, {0, eps / 4, 0}, {0, 0, 1}};
-        p = make(r, typed<T>(ill, Shape::real), X, uplo);
-        r.call(p);
-        EXPECT_EQ(p.ifail, 4);
-        EXPECT_GE(p.rcond, eps / 4);
-        EXPECT_LT(p.rcond, eps);
-        EXPECT_EQ(p.errbnd, 1.0);
-        EXPECT_LE(std::abs(p.b[1] - X(1, 0)), 4 * eps * std::abs(X(1, 0))) << "solution kept";
-    }
+    r.call(p);
+    return lbx::test::split(p.errbuf, p.ifail);
 }
 
-TEST(Solvers, BreakdownAndIllConditioning)
-{
-    for_all([](const auto& r) { check_failures(r); });
-}
-
-// Every argument check violated at once, then mended one by one in the
-// routine's argument order: each call reports the first bad one with its
-// argument number and changes nothing.
-const char* const checked[] = {"UPLO", "N", "KL", "KU", "KD", "NRHS", "LDA", "LDAB", "LDB"};
-
+// Both triangles where the routine takes UPLO: the well-conditioned system
+// solved to 1e-13, B past row N untouched, RCOND within a factor 3 of the
+// exact value and ERRBND = eps/RCOND; N = 0 gives RCOND = 1.
 template <class T>
-void break_argument(Problem<T>& p, const std::string& name, bool bad)
+void check_solutions(const Routine<T>& r)
+{
+    const bool has_uplo = std::strncmp(r.args, "UPLO", 4) == 0;
+    for (char uplo : has_uplo ? std::vector<char>{'U', 'L'} : std::vector<char>{'U'}) {
+        SCOPED_TRACE(std::string(r.name) + " UPLO = " + uplo);
+        const Dense<T> A = typed<T>(good_matrix(r.kind), r.shape);
+        const Dense<T> X = integer_solution<T>(A.n, 3);
+        Problem<T> p = make(r, A, X, uplo);
+        r.call(p);
+        ASSERT_EQ(p.ifail, 0);
+        for (int c = 0; c < X.m; ++c)
+            for (int i = 0; i < A.n; ++i)
+                EXPECT_LE(std::abs(p.b[i + c * p.ldb] - X(i, c)), 1e-13 * std::abs(X(i, c)) + 1e-14)
+                    << "X(" << i + 1 << "," << c + 1 << ")";
+        EXPECT_EQ(p.b[A.n + p.ldb], T(1e3)) << "B past row N";
+        const double exact = static_cast<double>(1.0L / condition_1(A));
+        EXPECT_GE(p.rcond, exact * (1 - 1e-12));
+        EXPECT_LE(p.rcond, 3 * exact);
+        EXPECT_EQ(p.errbnd, eps / p.rcond);
+    }
+    Problem<T> p = make(r, Dense<T>(0, 0), Dense<T>(0, 1), 'U');
+    r.call(p);
+    EXPECT_EQ(p.ifail, 0);
+    EXPECT_EQ(p.rcond, 1.0);
+}
+
+TEST(Solvers, SolutionsAndConditionEstimates)
+{
+    for_all([](const auto& r) { check_solutions(r); });
+}
+
+// The arguments a solver checks, with a bad and a good value each.
+template <class T>
+void set_argument(Problem<T>& p, const std::string& name, bool bad)
 {
     if (name == "UPLO")
         p.uplo = bad ? 'X' : 'U';
@@ -488,103 +430,104 @@ void break_argument(Problem<T>& p, const std::string& name, bool bad)
         p.ldb = bad ? 2 : 5;
 }
 
+// Each checked argument with its message and the values it quotes (N = 3,
+// KL = 1, KU = 2, KD = 1).
+struct BadArgument {
+    const char* arg;
+    const char* id;
+    std::vector<std::string> values;
+};
+const BadArgument bad_arguments[] = {
+    {"UPLO", "UPLO_INVALID", {"X"}},
+    {"N", "N_NEGATIVE", {"-1"}},
+    {"KL", "KL_NEGATIVE", {"-1"}},
+    {"KU", "KU_NEGATIVE", {"-1"}},
+    {"KD", "KD_NEGATIVE", {"-1"}},
+    {"NRHS", "NRHS_NEGATIVE", {"-1"}},
+    {"LDA", "LDA_TOO_SMALL", {"2", "3"}},
+    {"LDAB", "LDAB_BAND", {"0", "1", "2"}},
+    {"LDAB", "LDAB_SYMMETRIC_BAND", {"0", "1"}},
+    {"LDB", "LDB_TOO_SMALL", {"2", "3"}},
+};
+
+// Every argument check violated at once, then mended one by one in the
+// routine's argument order: each call reports the first bad one with its
+// argument number and changes nothing.  Then the catalogue triggers: each
+// argument spoiled alone, the breakdown in column 2 (RCOND = 0, ERRBND = 1)
+// and RCOND = eps/4 (the warning, the solution kept).
 template <class T>
-void check_argument_order(const Routine<T>& r)
+void check_arguments(const Routine<T>& r, std::vector<lbx::test::Trigger>& triggers)
 {
+    const Dense<T> X = integer_solution<T>(3, 2);
+    Problem<T> p = make(r, typed<T>(broken_matrix(Kind::GE), Shape::real), X, 'U');
     std::vector<std::pair<std::string, int>> args;  // checked names and their numbers
     std::istringstream in(r.args);
     std::string word;
     for (int position = 1; in >> word; ++position)
-        for (const char* c : checked)
-            if (word == c)
+        for (const BadArgument& c : bad_arguments)
+            if (word == c.arg && (args.empty() || args.back().first != word)) {
                 args.emplace_back(word, position);
-    const Dense<T> X = integer_solution<T>(3, 2);
-    Problem<T> p = make(r, typed<T>(broken_matrix(Kind::GE), Shape::real), X, 'U');
-    for (const auto& a : args)
-        break_argument(p, a.first, true);
+                set_argument(p, word, true);
+            }
     for (const auto& a : args) {
         SCOPED_TRACE(std::string(r.name) + " " + a.first);
         const Problem<T> before = p;
         r.call(p);
         EXPECT_EQ(p.ifail, -a.second);
         EXPECT_TRUE(p.same_data(before)) << "outputs changed";
-        break_argument(p, a.first, false);
+        set_argument(p, a.first, false);
     }
-}
 
-TEST(Solvers, ArgumentChecksInOrder)
-{
-    for_all([](const auto& r) { check_argument_order(r); });
-}
-
-// Catalogue messages: each routine's argument errors on a valid 3 x 3
-// problem with one argument spoiled, the breakdown at column 1 and the
-// ill-conditioning warning.
-template <class T>
-void add_triggers(const Routine<T>& r, std::vector<lbx::test::Trigger>& out)
-{
-    struct Case {
-        const char* id;
-        const char* arg;
-        std::vector<std::string> values;
-    };
-    const Case cases[] = {
-        {"UPLO_INVALID", "UPLO", {"X"}},        {"N_NEGATIVE", "N", {"-1"}},
-        {"KL_NEGATIVE", "KL", {"-1"}},          {"KU_NEGATIVE", "KU", {"-1"}},
-        {"KD_NEGATIVE", "KD", {"-1"}},          {"NRHS_NEGATIVE", "NRHS", {"-1"}},
-        {"LDA_TOO_SMALL", "LDA", {"2", "3"}},   {"LDB_TOO_SMALL", "LDB", {"2", "3"}},
-        {"LDAB_BAND", "LDAB", {"0", "1", "2"}}, {"LDAB_SYMMETRIC_BAND", "LDAB", {"0", "1"}},
-    };
-    const std::string args = std::string(" ") + r.args + " ";
-    for (const Case& c : cases) {
-        if (args.find(std::string(" ") + c.arg + " ") == std::string::npos)
+    const bool general_band = std::strstr(r.args, "KL") != nullptr;
+    for (const BadArgument& c : bad_arguments) {
+        const bool band_id = std::strcmp(c.id, "LDAB_BAND") == 0;
+        if (!std::any_of(args.begin(), args.end(),
+                         [&](const auto& a) { return a.first == c.arg; }) ||
+            (std::strcmp(c.arg, "LDAB") == 0 && band_id != general_band))
             continue;
-        const bool general_band = args.find(" KL ") != std::string::npos;
-        if ((std::string(c.id) == "LDAB_BAND") != general_band && std::string(c.arg) == "LDAB")
-            continue;
-        out.push_back({r.name, c.id,
-                       [&r, c] {
-                           Problem<T> p = make(r, typed<T>(good_matrix(Kind::PB), Shape::real),
-                                               integer_solution<T>(4, 2), 'U');
-                           p.n = 3;
-                           break_argument(p, c.arg, true);
-                           r.call(p);
-                           return lbx::test::split(p.errbuf, p.ifail);
-                       },
-                       c.values});
+        triggers.push_back({r.name, c.id,
+                            [&r, c] {
+                                Problem<T> q = make(r, typed<T>(good_matrix(Kind::PB), Shape::real),
+                                                    integer_solution<T>(4, 2), 'U');
+                                q.n = 3;
+                                set_argument(q, c.arg, true);
+                                return run(r, q);
+                            },
+                            c.values});
     }
     const char* breakdown = r.kind == Kind::GE || r.kind == Kind::GB || r.kind == Kind::GT
                                 ? "ZERO_PIVOT"
                             : r.kind == Kind::SY || r.kind == Kind::SP ? "ZERO_BLOCK"
                                                                        : "NOT_POSITIVE_DEFINITE";
-    out.push_back({r.name,
-                   breakdown,
-                   [&r] {
-                       Problem<T> p = make(r, typed<T>(Dense<double>{{0, 0}, {0, 1}}, Shape::real),
-                                           integer_solution<T>(2, 1), 'U');
-                       r.call(p);
-                       return lbx::test::split(p.errbuf, p.ifail);
-                   },
-                   {"1"}});
-    out.push_back({r.name, "ILL_CONDITIONED", [&r] {
-                       const Dense<double> ill = {{1, 0}, {0, eps / 4}};
-                       Problem<T> p =
-                           make(r, typed<T>(ill, Shape::real), integer_solution<T>(2, 1), 'L');
-                       r.call(p);
-                       return lbx::test::split(p.errbuf, p.ifail);
-                   }});
-    out.push_back({r.name, "", [&r] {
-                       Problem<T> p = make(r, typed<T>(good_matrix(r.kind), r.shape),
-                                           integer_solution<T>(4, 1), 'L');
-                       r.call(p);
-                       return lbx::test::split(p.errbuf, p.ifail);
-                   }});
+    triggers.push_back({r.name,
+                        breakdown,
+                        [&r, X] {
+                            Problem<T> q =
+                                make(r, typed<T>(broken_matrix(r.kind), Shape::real), X, 'U');
+                            const Raised got = run(r, q);
+                            EXPECT_EQ(q.rcond, 0.0) << r.name;
+                            EXPECT_EQ(q.errbnd, 1.0) << r.name;
+                            return got;
+                        },
+                        {"2"}});
+    triggers.push_back({r.name, "ILL_CONDITIONED", [&r, X] {
+                            const Dense<double> ill = {{1, 0, 0}, {0, eps / 4, 0}, {0, 0, 1}};
+                            Problem<T> q = make(r, typed<T>(ill, Shape::real), X, 'L');
+                            const Raised got = run(r, q);
+                            EXPECT_EQ(q.ifail, 4) << r.name;
+                            EXPECT_GE(q.rcond, eps / 4) << r.name;
+                            EXPECT_LT(q.rcond, eps) << r.name;
+                            EXPECT_EQ(q.errbnd, 1.0) << r.name;
+                            EXPECT_LE(std::abs(q.b[1] - X(1, 0)), 4 * eps * std::abs(X(1, 0)))
+                                << r.name << ": solution kept";
+                            return got;
+                        }});
 }
 
-TEST(Solvers, CatalogueMessages)
+TEST(Solvers, ArgumentsBreakdownsAndWarnings)
 {
     std::vector<lbx::test::Trigger> triggers;
-    for_all([&](const auto& r) { add_triggers(r, triggers); });
+    for_all([&](const auto& r) { check_arguments(r, triggers); });
     lbx::test::check_catalogue(lbx::linalg::catalogue_messages, triggers);
 }
 
@@ -615,13 +558,13 @@ struct Outcome {
     std::vector<double> b;
 };
 
-Outcome f04baf(int n, int lda, std::vector<double> a, std::vector<double> b, int ldb, int nrhs = 1)
+Outcome f04baf(std::vector<double> a, std::vector<double> b)
 {
     Outcome o{};
-    std::vector<int> ipiv(std::max(1, n));
+    int n = 2, nrhs = 1, ipiv[2];
     char errbuf[200];
-    f04baft_(&one, &n, &nrhs, a.data(), &lda, ipiv.data(), b.data(), &ldb, &o.rcond, &o.errbnd,
-             errbuf, &o.ifail, 200);
+    f04baft_(&one, &n, &nrhs, a.data(), &n, ipiv, b.data(), &n, &o.rcond, &o.errbnd, errbuf,
+             &o.ifail, 200);
     o.raised = lbx::test::split(errbuf, o.ifail);
     o.b = b;
     return o;
@@ -630,24 +573,22 @@ Outcome f04baf(int n, int lda, std::vector<double> a, std::vector<double> b, int
 TEST(F04BAF, RcondEqualToMachinePrecisionIsAccepted)
 {
     // diag(1, eps): ||A||_1 = 1, ||A^-1||_1 = 1/eps, the estimate exact.
-    Outcome o = f04baf(2, 2, {1, 0, 0, eps}, {3, 2 * eps}, 2);
+    Outcome o = f04baf({1, 0, 0, eps}, {3, 2 * eps});
     EXPECT_EQ(o.ifail, 0);
     EXPECT_EQ(o.rcond, eps);
     EXPECT_EQ(o.errbnd, 1.0);
     EXPECT_EQ(o.b, (std::vector<double>{3, 2}));
-    o = f04baf(2, 2, {1, 0, 0, eps / 2}, {3, eps}, 2);
+    o = f04baf({1, 0, 0, eps / 2}, {3, eps});
     EXPECT_EQ(o.ifail, 3);
     EXPECT_EQ(o.raised.code, 6);
     EXPECT_EQ(o.rcond, eps / 2);
-    EXPECT_EQ(o.errbnd, 1.0);
-    EXPECT_EQ(o.b, (std::vector<double>{3, 2}));
 }
 
 TEST(F04BAF, NaNEntriesGiveTheWarning)
 {
-    const std::vector<double> mats[] = {{kNaN, 1, 1, 2}, {2, 1, 1, kNaN}, {kNaN, kNaN, kNaN, kNaN}};
-    for (const auto& a : mats) {
-        const Outcome o = f04baf(2, 2, a, {1, 1}, 2);
+    const double nan = std::nan("");
+    for (const auto& a : {std::vector<double>{nan, 1, 1, 2}, {2, 1, 1, nan}}) {
+        const Outcome o = f04baf(a, {1, 1});
         EXPECT_EQ(o.ifail, 3);
         EXPECT_EQ(o.raised.code, 6);
         EXPECT_FALSE(o.rcond >= eps) << o.rcond;
@@ -659,20 +600,15 @@ TEST(F04BAF, PlainEntryKeepsErrorNumbersThatDependOnN)
 {
     // A quiet exit returns the error number the message table accepts: a
     // number outside it would come back as -99.
-    int n = 3, nrhs = 1, lda = 3, ldb = 3, ipiv[3], ifail = 1;
+    int n = 3, nrhs = 1, ipiv[3], ifail = 1;
     double rcond = 0, errbnd = 0;
     std::vector<double> a = {1, 0, 0, 1, 0, 0, 1, 1, 1}, b = {1, 2, 3};
-    f04baf_(&n, &nrhs, a.data(), &lda, ipiv, b.data(), &ldb, &rcond, &errbnd, &ifail);
+    f04baf_(&n, &nrhs, a.data(), &n, ipiv, b.data(), &n, &rcond, &errbnd, &ifail);
     EXPECT_EQ(ifail, 2);
     a = {1, 0, 0, 0, eps / 4, 0, 0, 0, 1};
-    b = {1, 2, 3};
     ifail = 1;
-    f04baf_(&n, &nrhs, a.data(), &lda, ipiv, b.data(), &ldb, &rcond, &errbnd, &ifail);
+    f04baf_(&n, &nrhs, a.data(), &n, ipiv, b.data(), &n, &rcond, &errbnd, &ifail);
     EXPECT_EQ(ifail, 4);
-    n = -1;
-    ifail = 1;
-    f04baf_(&n, &nrhs, a.data(), &lda, ipiv, b.data(), &ldb, &rcond, &errbnd, &ifail);
-    EXPECT_EQ(ifail, -1);
 }
 
 }  // namespace
