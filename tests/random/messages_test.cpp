@@ -300,7 +300,7 @@ const std::vector<Row>& rows()
         {"G05TFF", "MODE_RANGE", {4, 0.5}},
         {"G05TFF", "A_RANGE", {3, 1.0}, {e(1.0)}},
         {"G05TFF", "TABLE_TOO_LONG", {0, 1.0 - 1e-9}},
-        {"G05TGF", "MODE_RANGE", {4, 5}},
+        {"G05TGF", "MODE_RANGE", {4, 5, 0, 0}},
         {"G05TGF", "M_RANGE", {3, -5, 0, 0}, {"-5"}},
         {"G05TGF", "K_RANGE", {3, 5, 0, 0, 1.0}, {"1"}},
         {"G05TGF", "P_NEGATIVE", {3, 5, 0, 0, 0.5, 0.6, -0.1}, {"3", e(-0.1)}},
