@@ -2,8 +2,8 @@
 // k-th allocation of a call fails, k = 1, 2, ... until a call completes
 // without reaching k. The outcome is IFAIL = -999 with its message (M01CAF
 // falls back to its reference path), nothing allocated is left and the same
-// call then works; with tracing off and on. Replacing the plain operator new
-// and delete replaces the others (the runtimes' own malloc is not failed).
+// call then works; with tracing off and on (the runtimes' own malloc is not
+// failed).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -67,6 +67,40 @@ void operator delete(void* p) noexcept
     release(p);
 }
 void operator delete(void* p, std::size_t) noexcept
+{
+    release(p);
+}
+// The sanitizer runtimes bring their own array and nothrow forms, which do not
+// go through the plain ones: those are replaced too.
+void* operator new[](std::size_t n)
+{
+    return allocate(n);
+}
+void* operator new(std::size_t n, const std::nothrow_t&) noexcept
+{
+    try {
+        return allocate(n);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t n, const std::nothrow_t& t) noexcept
+{
+    return operator new(n, t);
+}
+void operator delete[](void* p) noexcept
+{
+    release(p);
+}
+void operator delete[](void* p, std::size_t) noexcept
+{
+    release(p);
+}
+void operator delete(void* p, const std::nothrow_t&) noexcept
+{
+    release(p);
+}
+void operator delete[](void* p, const std::nothrow_t&) noexcept
 {
     release(p);
 }
