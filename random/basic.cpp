@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "frame/uint128.hpp"
 #include "random/engines.hpp"
 #include "random/state.hpp"
 
@@ -120,7 +121,7 @@ bool fill_integers(int* state, int lo, std::uint64_t w, int* out, int n)
     // lo + floor(y w / 2^60) for each 60-bit value y; w <= 2^32, so the product fits 128 bits.
     put60(state + 4, walk(a, x, n, [=](int i, std::uint64_t y) {
               out[i] = static_cast<int>(
-                  lo + static_cast<std::int64_t>((static_cast<unsigned __int128>(y) * w) >> 60));
+                  lo + static_cast<std::int64_t>((static_cast<lbx::uint128>(y) * w) >> 60));
           }));
     return true;
 }
