@@ -2,6 +2,7 @@
 """Mutation check: each listed fault, put into the library alone, must make a test fail.
 
     tools/mutate.py [--build DIR] tests/mutants/CHAPTER.toml [NAME ...]
+    tools/mutate.py --check tests/mutants      (every 'find' still occurs once)
 
 A mutant file is TOML, one table per fault:
 
@@ -60,9 +61,16 @@ def check_one(m, build):
 def main():
     ap = argparse.ArgumentParser()
     ap.add_argument("--build", default="build")
+    ap.add_argument("--check", action="store_true")
     ap.add_argument("mutants")
     ap.add_argument("names", nargs="*")
     args = ap.parse_args()
+    if args.check:
+        stale = [f"{f.name}: {m['name']}" for f in sorted(pathlib.Path(args.mutants).glob("*.toml"))
+                 for m in tomllib.loads(f.read_text())["mutant"]
+                 if (ROOT / m["file"]).read_text().count(m["find"]) != 1]
+        print("\n".join(stale) or "every mutant names code that exists once")
+        sys.exit(1 if stale else 0)
     mutants = tomllib.loads(pathlib.Path(args.mutants).read_text())["mutant"]
     if args.names:
         mutants = [m for m in mutants if m["name"] in args.names]
