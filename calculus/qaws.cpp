@@ -24,6 +24,21 @@ struct Moments {
     double ri[26], rj[26], rg[26], rh[26];
 };
 
+// The moments times the logarithm, rl[1..25], from the plain ones r (one end:
+// r2 = 2^(p + 1), p1 = p + 1, p2 = p + 2 for its exponent p).
+void log_moments(const double* r, double r2, double p1, double p2, double* rl)
+{
+    rl[1] = -r[1] / p1;
+    rl[2] = -(r2 + r2) / (p2 * p2) - rl[1];
+    double an = 2.0;
+    double anm1 = 1.0;
+    for (int i = 3; i <= 25; ++i) {
+        rl[i] = -(an * (an - p2) * rl[i - 1] - an * r[i - 1] + anm1 * r[i]) / (anm1 * (an + p1));
+        anm1 = an;
+        an = an + 1.0;
+    }
+}
+
 void modified_moments(double alfa, double beta, int integr, Moments& m)
 {
     double* ri = m.ri;
@@ -48,29 +63,10 @@ void modified_moments(double alfa, double beta, int integr, Moments& m)
         anm1 = an;
         an = an + 1.0;
     }
-    if (integr == 2 || integr == 4) {
-        rg[1] = -ri[1] / alfp1;
-        rg[2] = -(ralf + ralf) / (alfp2 * alfp2) - rg[1];
-        an = 2.0;
-        anm1 = 1.0;
-        for (int i = 3; i <= 25; ++i) {
-            rg[i] = -(an * (an - alfp2) * rg[i - 1] - an * ri[i - 1] + anm1 * ri[i]) /
-                    (anm1 * (an + alfp1));
-            anm1 = an;
-            an = an + 1.0;
-        }
-    }
+    if (integr == 2 || integr == 4)
+        log_moments(ri, ralf, alfp1, alfp2, rg);
     if (integr == 3 || integr == 4) {
-        rh[1] = -rj[1] / betp1;
-        rh[2] = -(rbet + rbet) / (betp2 * betp2) - rh[1];
-        an = 2.0;
-        anm1 = 1.0;
-        for (int i = 3; i <= 25; ++i) {
-            rh[i] = -(an * (an - betp2) * rh[i - 1] - an * rj[i - 1] + anm1 * rj[i]) /
-                    (anm1 * (an + betp1));
-            anm1 = an;
-            an = an + 1.0;
-        }
+        log_moments(rj, rbet, betp1, betp2, rh);
         for (int i = 2; i <= 25; i += 2) {
             rh[i] = -rh[i];
         }
