@@ -55,6 +55,26 @@ constexpr double estrin(const std::array<double, N>& c, double t) noexcept
     return v[0];
 }
 
+// The same polynomial as two Horner recurrences, on c[0..L-1] and on
+// c[L..N-1], joined by t^L (L a power of two, t^L by squaring): the two
+// chains run side by side, so the dependent chain is about half of one
+// recurrence's, while each half keeps Horner's roundings.
+template <std::size_t L, std::size_t N>
+constexpr double polynomial_halves(const double (&c)[N], double t) noexcept
+{
+    static_assert(L >= 2 && L < N && (L & (L - 1)) == 0, "L: a power of two inside the table");
+    double low = c[L - 1];
+    for (std::size_t i = L - 1; i-- > 0;)
+        low = low * t + c[i];
+    double high = c[N - 1];
+    for (std::size_t i = N - 1; i-- > L;)
+        high = high * t + c[i];
+    double tl = t;
+    for (std::size_t m = 1; m < L; m *= 2)
+        tl = tl * tl;
+    return low + high * tl;
+}
+
 // p(t) / q(t), both constant term first.
 template <std::size_t N, std::size_t M>
 constexpr double rational(const double (&p)[N], const double (&q)[M], double t) noexcept

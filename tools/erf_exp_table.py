@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Prints the table exp(-(k/16)^2), k = 0..425, correctly rounded to double.
+"""Prints the table 2^(j/128), j = 0..127, of the error functions' exp(-a^2).
 
-The error functions form exp(-a^2) as exp(-y^2) exp(-(a - y)(a + y)) with
-y = trunc(16 a)/16 and a < 26.6; this table supplies the first factor
-exactly rounded instead of through a second call of exp.  Output goes to
-special/erf_exp_table.hpp.
+The error functions compute exp(-a^2) by a table-driven exponential of the
+exact square: -a^2 = (128 m + j) ln2/128 + r and
+exp(-a^2) = 2^m 2^(j/128) exp(r).  Each 2^(j/128) is given as hi, the
+correctly rounded double, and lo, the correctly rounded remainder.  Output
+goes to special/erf_exp_table.hpp.
 
 Usage: python3 tools/erf_exp_table.py > special/erf_exp_table.hpp
 (The test tables.erf_exp checks that the committed file is this output.)
@@ -12,17 +13,19 @@ Usage: python3 tools/erf_exp_table.py > special/erf_exp_table.hpp
 import mpmath as mp
 
 mp.mp.dps = 40
-N = 426
-print("// exp(-(k/16)^2) for k = 0..425, correctly rounded; printed by")
-print("// tools/erf_exp_table.py (mpmath, 40 digits).")
+print("// 2^(j/128) = hi + lo for j = 0..127, hi correctly rounded and lo the")
+print("// correctly rounded remainder; printed by tools/erf_exp_table.py (mpmath,")
+print("// 40 digits).")
 print("#pragma once")
 print()
 print("namespace lbx::special {")
 print()
-print(f"inline constexpr double kExpMinusSquare16[{N}] = {{")
-for k in range(N):
-    v = float(mp.exp(-(mp.mpf(k) / 16) ** 2))
-    print(f"    {v!r},")
+print("inline constexpr double kExp2Over128[128][2] = {")
+for j in range(128):
+    v = mp.mpf(2) ** (mp.mpf(j) / 128)
+    hi = float(v)
+    lo = float(v - mp.mpf(hi))
+    print(f"    {{{hi!r}, {lo!r}}},")
 print("};")
 print()
 print("}  // namespace lbx::special")
