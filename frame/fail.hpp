@@ -79,9 +79,7 @@ public:
     void operator()(const Message<K>& m, const V&... values) noexcept
     {
         static_assert(sizeof...(V) == K, "value count differs from the message's slots");
-        MessageWriter writer(buf_, m.ifail, m.code, K);
-        (writer.add(values), ...);
-        *ifail_ = m.ifail;
+        report(buf_, ifail_, m.ifail, m.code, values...);
     }
 
     bool failed() const noexcept { return *ifail_ != 0; }
@@ -93,6 +91,18 @@ public:
     void finish() noexcept { buf_[errbuf_length - 1] = '\0'; }
 
 private:
+    // Out of line and cold, with everything passed by value in registers: a
+    // failure's path is one call in an implementation inlined into its entry,
+    // and the success path keeps its registers and a small frame.
+    template <class... V>
+    [[gnu::cold, gnu::noinline]] static void report(char* buf, int* ifail_out, int ifail, int code,
+                                                    V... values) noexcept
+    {
+        MessageWriter writer(buf, ifail, code, static_cast<int>(sizeof...(V)));
+        (writer.add(values), ...);
+        *ifail_out = ifail;
+    }
+
     // Two pointers and nothing else: once an implementation is inlined into
     // its entry, the writer of a call that succeeds needs no memory.
     char* buf_;
