@@ -75,19 +75,26 @@ def proc_decls(pm: ProcModel, conv) -> str:
     copies = "".join(
         f"        {BASE[a.type]} {a.lname}_copy = {a.lname}{' ? 1 : 0' if a.type == 'logical' else ''};\n"
         for a in pm.proc.args + pm.proc.through if not a.is_array and not a.is_char and a.intent == "in")
-    call = f"adapter({', '.join(pm.adapter_call)})"
-    if pm.result == "logical":
-        body = f"return ({call} & 1) != 0;"
-    else:
-        body = ("return " if pm.result else "") + call + ";"
+    def returned(call: str) -> str:
+        if pm.result == "logical":
+            return f"return ({call} & 1) != 0;"
+        return f"return {call};" if pm.result else f"{call};"
+
+    direct = returned(f"fn({', '.join(pm.fn_call)})")
+    if not pm.result:
+        direct += "\n            return;"
+    through = returned(f"adapter({', '.join(pm.adapter_call)})")
+    body = f"if (own_adapter) {{\n            {direct}\n        }}\n        {through}"
     cparams = ", ".join(f"{impl_type(a)} {n}" for a, n in pm.callable_params)
     return (f"// User procedure {pm.proc.name} of {pm.routine}: the user's routine, its adapter, and\n"
-            f"// the callable the implementation receives (it calls the user through the adapter).\n"
+            f"// the callable the implementation receives (it calls the user through the adapter,\n"
+            f"// or directly where the adapter is the library's own, which would do no more).\n"
             f"using {t}Fn = {res} ({attr(conv)}*)({params_text(pm.fn_params, lt)});\n"
             f"using {t}Adapter = {res} ({attr(conv)}*)({params_text(pm.adapter_params, lt)});\n"
             f"struct {t}Proc {{\n"
             f"    {t}Fn fn;\n"
             f"    {t}Adapter adapter;\n"
+            f"    bool own_adapter = false;\n"
             f"    {IMPL_RESULT[pm.result]} operator()({cparams}) const\n"
             f"    {{\n{copies}        {body}\n    }}\n"
             f"}};\n")

@@ -70,6 +70,7 @@ class ProcModel:
     adapter_params: list[Param]  # the user's routine first
     callable_params: list[tuple[Arg, str]]  # (arg, C++ name) the implementation passes
     adapter_call: list[str]  # the callable's arguments to the adapter, machine order
+    fn_call: list[str]  # the callable's arguments to the user's routine, machine order
 
 
 @dataclass
@@ -184,11 +185,13 @@ def dim_length(a: Arg) -> str:
     return " * ".join(factors)
 
 
-def impl_value(a: Arg, typename) -> str:
+def impl_value(a: Arg, typename, conv: Convention) -> str:
     """Expression turning machine-level argument a into the implementation's parameter."""
     n = a.lname
     if a.type == "procedure":
-        return f"{typename(a.proc)}Proc{{{n}, {n}h}}"
+        # Whether the adapter is the library's own, which only calls the user's
+        # routine: the callable then skips it.
+        return f"{typename(a.proc)}Proc{{{n}, {n}h, {n}h == &{conv.cname(a.proc.adapter)}}}"
     if a.is_char and a.is_array:
         const = "const char" if a.intent == "in" else "char"
         return f"lbx::CharArray<{const}>{{{n}, {n + '_len' if a.char_len == '*' else a.char_len}}}"
@@ -231,22 +234,26 @@ def trace_line(a: Arg) -> TraceLine:
 def proc_model(r: Routine, p: Procedure, conv: Convention, typename) -> ProcModel:
     t = typename(p)
     slots = procedure_slots(p, False)
-    call = []
-    for kind, s in conv.order(procedure_slots(p, False, through=True)):
-        a = s.arg
-        if kind == "len":
-            call.append("1" if a.is_option else f"{a.lname}.size()")
-        elif a.is_char:
-            call.append(f"&{a.lname}" if a.is_option else f"{a.lname}.data()")
-        elif a.is_array or a.intent != "in":
-            call.append(a.lname if a.is_array else f"&{a.lname}")
-        else:
-            call.append(f"&{a.lname}_copy")
+
+    def machine_call(through: bool) -> list[str]:
+        call = []
+        for kind, s in conv.order(procedure_slots(p, False, through=through)):
+            a = s.arg
+            if kind == "len":
+                call.append("1" if a.is_option else f"{a.lname}.size()")
+            elif a.is_char:
+                call.append(f"&{a.lname}" if a.is_option else f"{a.lname}.data()")
+            elif a.is_array or a.intent != "in":
+                call.append(a.lname if a.is_array else f"&{a.lname}")
+            else:
+                call.append(f"&{a.lname}_copy")
+        return call
+
     return ProcModel(routine=r.name, proc=p, typename=t, result=p.result,
                      fn_params=machine_params(conv.order, slots, typename),
                      adapter_params=machine_params(conv.order, procedure_slots(p, True), typename, p),
                      callable_params=[(a, a.lname) for a in p.args + p.through],
-                     adapter_call=["fn"] + call)
+                     adapter_call=["fn"] + machine_call(True), fn_call=machine_call(False))
 
 
 # ---------------------------------------------------------------- entries
@@ -313,7 +320,7 @@ def _private(r: Routine, conv: Convention, typename) -> External:
 
 def _traced(r: Routine, conv: Convention, typename) -> Entry:
     params = machine_params(conv.order, routine_slots(r, "traced"), typename)
-    impl_args = [impl_value(a, typename) for a in r.impl_args()]
+    impl_args = [impl_value(a, typename, conv) for a in r.impl_args()]
     if r.has_ifail:
         impl_args.append("fail_")
     traced = [a for a in r.traced_args() if a.trace]
@@ -342,7 +349,7 @@ def _adapter(r: Routine, pm: ProcModel, conv: Convention) -> Entry:
 
 def _direct(r: Routine, name: str, conv: Convention, typename) -> Entry:
     params = machine_params(conv.order, routine_slots(r, "direct"), typename)
-    call = f"lbx::{r.chapter}::{r.impl}({', '.join(impl_value(a, typename) for a in r.visible if a.impl)})"
+    call = f"lbx::{r.chapter}::{r.impl}({', '.join(impl_value(a, typename, conv) for a in r.visible if a.impl)})"
     return _entry(conv, name, "direct", r.result, params, purpose=r.purpose, impl_call=call)
 
 
