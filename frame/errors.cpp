@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <new>
@@ -18,53 +19,43 @@ namespace {
 constexpr char separator = '\x01';
 }
 
-namespace {
-
-// v right-justified in a field of width characters (wider values as they are).
-std::string_view right_justified(std::string_view v, int width, char (&out)[32])
-{
-    const int pad = width > static_cast<int>(v.size()) ? width - static_cast<int>(v.size()) : 0;
-    std::memset(out, ' ', static_cast<std::size_t>(pad));
-    std::memcpy(out + pad, v.data(), v.size());
-    return {out, pad + v.size()};
-}
-
-// An integer as printf's %<width>d writes it.
-std::string_view integer_field(int v, int width, char (&out)[32])
-{
-    char digits[16];
-    const auto r = std::to_chars(digits, digits + sizeof digits, v);
-    return right_justified({digits, static_cast<std::size_t>(r.ptr - digits)}, width, out);
-}
-
-}  // namespace
-
 MessageWriter::MessageWriter(char* buf, int ifail, int code, int count) noexcept : buf_(buf)
 {
     std::memset(buf_, ' ', errbuf_length);
     buf_[pos_++] = separator;
-    char text[32];
-    field(integer_field(ifail, 5, text));
-    field(integer_field(code, 5, text));
-    field(integer_field(count, 5, text));
+    add_integer(ifail, 5);
+    add_integer(code, 5);
+    add_integer(count, 5);
 }
 
-// Appends one field and its closing separator; a field that would not fit
-// is left out (the count then disagrees and the plain entry reports an
-// unexpected error rather than a wrong value).
-void MessageWriter::field(std::string_view text) noexcept
+// Appends one field, right-justified in width characters (wider text as it
+// is), and its closing separator; a field that would not fit is left out (the
+// count then disagrees and the plain entry reports an unexpected error rather
+// than a wrong value).  The buffer is blank from the constructor on, so the
+// padding is only skipped.
+void MessageWriter::field(std::string_view text, int width) noexcept
 {
-    if (pos_ + static_cast<int>(text.size()) + 1 > errbuf_length - 1)
+    const int size = static_cast<int>(text.size());
+    const int pad = width > size ? width - size : 0;
+    if (pos_ + pad + size + 1 > errbuf_length - 1)
         return;
+    pos_ += pad;
     std::memcpy(buf_ + pos_, text.data(), text.size());
-    pos_ += static_cast<int>(text.size());
+    pos_ += size;
     buf_[pos_++] = separator;
+}
+
+// An integer as printf's %<width>d writes it.
+void MessageWriter::add_integer(int v, int width) noexcept
+{
+    char digits[16];
+    const auto r = std::to_chars(digits, digits + sizeof digits, v);
+    field({digits, static_cast<std::size_t>(r.ptr - digits)}, width);
 }
 
 void MessageWriter::add(int v) noexcept
 {
-    char text[32];
-    field(integer_field(v, 11, text));
+    add_integer(v, 11);
 }
 
 // A real as 1PE22.15 writes it: 15 decimals, an exponent of at least two
@@ -74,28 +65,25 @@ void MessageWriter::add(int v) noexcept
 // cost.
 void MessageWriter::add(double v) noexcept
 {
-    char text[32];
     if (v != v) {
-        field(right_justified("NaN", 22, text));
+        field("NaN", 22);
         return;
     }
     if (v == __builtin_inf() || v == -__builtin_inf()) {
-        field(right_justified(v > 0 ? "Infinity" : "-Infinity", 22, text));
+        field(v > 0 ? "Infinity" : "-Infinity", 22);
         return;
     }
     char raw[40];
     const auto r = std::to_chars(raw, raw + sizeof raw, v, std::chars_format::scientific, 15);
     char* e = std::find(raw, r.ptr, 'e');
-    char out[40];
-    std::size_t n = static_cast<std::size_t>(e - raw);
-    std::memcpy(out, raw, n);
-    const std::size_t exponent_digits =
-        static_cast<std::size_t>(r.ptr - e) - 2;  // after 'e' and sign
-    if (exponent_digits < 3)
-        out[n++] = 'E';
-    std::memcpy(out + n, e + 1, exponent_digits + 1);
-    n += exponent_digits + 1;
-    field(right_justified({out, n}, 22, text));
+    char* end = r.ptr;
+    if (end - e - 2 < 3) {  // digits after 'e' and sign
+        *e = 'E';
+    } else {  // the letter gives way to the third digit
+        std::copy(e + 1, end, e);
+        --end;
+    }
+    field({raw, static_cast<std::size_t>(end - raw)}, 22);
 }
 
 void MessageWriter::add(char v) noexcept
@@ -137,19 +125,21 @@ bool quiet(int ifail)
     return ifail == 1 || ifail < -1 || ifail > 1;
 }
 
-// A list-directed read of one integer: optional blanks, sign and digits,
-// ended by the end of the field, a blank, a comma or a slash.
-bool read_integer(const char* f, int& value)
+// A list-directed read of one integer from a field (blank beyond its end):
+// optional blanks, sign and digits, ended by the end of the field, a blank, a
+// comma or a slash.
+bool read_integer(std::string_view f, int& value)
 {
-    int i = 0;
-    while (i < field_length && f[i] == ' ')
+    const std::size_t n = std::min<std::size_t>(f.size(), field_length);
+    std::size_t i = 0;
+    while (i < n && f[i] == ' ')
         ++i;
     bool negative = false;
-    if (i < field_length && (f[i] == '+' || f[i] == '-'))
+    if (i < n && (f[i] == '+' || f[i] == '-'))
         negative = f[i++] == '-';
     long long v = 0;
     int digits = 0;
-    while (i < field_length && f[i] >= '0' && f[i] <= '9') {
+    while (i < n && f[i] >= '0' && f[i] <= '9') {
         v = v * 10 + (f[i++] - '0');
         if (v > 2147483648LL)
             return false;
@@ -157,13 +147,61 @@ bool read_integer(const char* f, int& value)
     }
     if (digits == 0)
         return false;
-    if (i < field_length && f[i] != ' ' && f[i] != ',' && f[i] != '/')
+    if (i < n && f[i] != ' ' && f[i] != ',' && f[i] != '/')
         return false;
     v = negative ? -v : v;
     if (v > 2147483647LL)
         return false;
     value = static_cast<int>(v);
     return true;
+}
+
+// Splits a coded message into its fields, each cut to 80 characters and
+// without its leading blanks, handing field k to take(k, text) for k below
+// max_fields; reads the header (error number, code, count) on the way.
+// Returns the status P01ABTN reports.
+template <class Take>
+int split_message(const char* errbuf, int& code, Take take)
+{
+    code = 0;
+    if (errbuf[0] != separator)
+        return status_malformed;
+    // The last byte that is neither blank nor NUL: past the closing NUL, the
+    // blank tail eight bytes at a time (a message fills a third of it).
+    int last = errbuf_length - 1;
+    while (last >= 0 && errbuf[last] == '\0')
+        --last;
+    constexpr std::uint64_t blanks = 0x2020202020202020ULL;
+    std::uint64_t word;
+    while (last >= 8 && (std::memcpy(&word, errbuf + last - 7, 8), word == blanks))
+        last -= 8;
+    while (last >= 0 && (errbuf[last] == ' ' || errbuf[last] == '\0'))
+        --last;
+    if (last <= 0 || errbuf[last] != separator)
+        return status_malformed;
+    int nfields = 0;
+    int header[3] = {0, 0, 0};
+    int header_read = 0;  // leading header fields read as integers
+    for (int start = 1; start <= last && nfields < max_fields;) {
+        const void* sep =
+            std::memchr(errbuf + start, separator, static_cast<std::size_t>(last + 1 - start));
+        const int end = static_cast<int>(static_cast<const char*>(sep) - errbuf);
+        std::string_view f(errbuf + start,
+                           static_cast<std::size_t>(std::min(end - start, field_length)));
+        while (!f.empty() && f.front() == ' ')
+            f.remove_prefix(1);
+        if (nfields == header_read && nfields < 3 && read_integer(f, header[nfields]))
+            ++header_read;
+        take(nfields, f);
+        ++nfields;
+        start = end + 1;
+    }
+    if (nfields < 3 || header_read < 2)
+        return status_malformed;
+    code = header[1];
+    if (header_read < 3)
+        return status_malformed;
+    return nfields == header[2] + 3 ? status_ok : status_inconsistent;
 }
 
 std::string_view stripped(const char* f, int n)
@@ -186,44 +224,23 @@ void set_record(char (&rec)[record_length], std::string_view text)
 
 void P01ABTN(const char* errbuf, int& code, char (&fields)[max_fields][field_length], int& status)
 {
-    code = 0;
-    status = status_ok;
     std::memset(fields, ' ', sizeof fields);
-    if (errbuf[0] != separator) {
-        status = status_malformed;
-        return;
-    }
-    int last = errbuf_length - 1;
-    while (last >= 0 && (errbuf[last] == ' ' || errbuf[last] == '\0'))
-        --last;
-    if (last <= 0 || errbuf[last] != separator) {
-        status = status_malformed;
-        return;
-    }
-    int nfields = 0;
-    for (int start = 1; start <= last && nfields < max_fields;) {
-        int end = start;
-        while (end <= last && errbuf[end] != separator)
-            ++end;
-        // Cut to 80 characters, then left-justified.
-        std::string_view f(errbuf + start, std::min(end - start, field_length));
-        while (!f.empty() && f.front() == ' ')
-            f.remove_prefix(1);
-        std::memcpy(fields[nfields], f.data(), f.size());
-        ++nfields;
-        start = end + 1;
-    }
-    int error = 0, count = 0;
-    if (nfields < 3 || !read_integer(fields[0], error) || !read_integer(fields[1], code) ||
-        !read_integer(fields[2], count)) {
-        status = status_malformed;
-        return;
-    }
-    if (nfields != count + 3)
-        status = status_inconsistent;
+    status = split_message(errbuf, code, [&](int k, std::string_view f) {
+        std::memcpy(fields[k], f.data(), f.size());
+    });
 }
 
 namespace {
+
+// The table's row for an error number and message code, or null.
+const MessageText* table_row(int error, int code, std::span<const MessageText> table)
+{
+    const MessageText* m = nullptr;
+    for (const MessageText& t : table)
+        if ((t.ifail == error || (t.ranged && error > t.ifail)) && t.code == code)
+            m = &t;
+    return m;
+}
 
 // The table's message for the coded message in errbuf (its fields split
 // into fields), or null when the message is malformed or its pair undefined.
@@ -232,13 +249,7 @@ const MessageText* find_message(int error, const char* errbuf, std::span<const M
 {
     int status = 0;
     P01ABTN(errbuf, code, fields, status);
-    const MessageText* m = nullptr;
-    if (status == status_ok) {
-        for (const MessageText& t : table)
-            if ((t.ifail == error || (t.ranged && error > t.ifail)) && t.code == code)
-                m = &t;
-    }
-    return m;
+    return status == status_ok ? table_row(error, code, table) : nullptr;
 }
 
 }  // namespace
@@ -288,10 +299,11 @@ int plain_exit(int ifail_on_entry, int error, const char* errbuf, std::string_vi
     if (error == 0)
         return P01ABF(ifail_on_entry, 0, srname, 0, nullptr);
     if (quiet(ifail_on_entry)) {
-        // Nothing is written: only the number the caller gets back counts.
+        // Nothing is written: only the number the caller gets back counts,
+        // so the message is checked without copying its fields out.
         int code = 0;
-        char fields[max_fields][field_length];
-        return find_message(error, errbuf, table, fields, code) != nullptr ? error : -99;
+        const int status = split_message(errbuf, code, [](int, std::string_view) {});
+        return status == status_ok && table_row(error, code, table) != nullptr ? error : -99;
     }
     char records[max_records][record_length];
     int nrecords = 0;

@@ -58,7 +58,8 @@ public:
     void add(const char* v) noexcept { add(std::string_view(v)); }
 
 private:
-    void field(std::string_view text) noexcept;
+    void field(std::string_view text, int width = 0) noexcept;
+    void add_integer(int v, int width) noexcept;
 
     char* buf_;
     int pos_ = 0;
