@@ -189,7 +189,23 @@ def plain_body(e: Entry) -> list[str]:
     L = [f"    {local_text(x)}\n" for x in e.locals]
     target = f"{RESULT[e.result]} result_ = " if e.result else ""
     call = f"{e.callee}({', '.join(e.call_args)})"
-    if e.ifail:
+    if e.ifail and e.runner:
+        # Without tracing the plain entry runs the work itself, with a writer
+        # that knows whether the caller's IFAIL asks for records: a quiet
+        # caller's failure only checks that its message would be well formed.
+        res = RESULT[e.result]
+        decl = f"{res} result_;\n    " if e.result else ""
+        assign = "result_ = " if e.result else ""
+        L.append(f"    const int ifail_in_ = *{e.ifail};\n"
+                 "    char errbuf_[lbx::errbuf_length];\n    int ifail_ = 0;\n"
+                 f"    {decl}if (lbx::frame::tracing()) [[unlikely]] {{\n        {assign}{call};\n"
+                 "    } else {\n"
+                 "        lbx::Fail fail_(errbuf_, ifail_, lbx::frame::quiet(ifail_in_));\n"
+                 f"        {assign}{e.runner}({', '.join(e.call_args + ['fail_'])});\n    }}\n")
+        L.append(f"    if (ifail_ == 0) [[likely]]\n        *{e.ifail} = 0;\n    else\n"
+                 f"        *{e.ifail} = lbx::frame::plain_exit(ifail_in_, ifail_, errbuf_, "
+                 f"{cstr(e.name)}, {e.name}_messages);\n")
+    elif e.ifail:
         L.append("    char errbuf_[lbx::errbuf_length];\n    int ifail_ = 0;\n")
         L.append(f"    {target}{call};\n")
         L.append(f"    if (ifail_ == 0) [[likely]]\n        *{e.ifail} = 0;\n    else\n"
@@ -235,13 +251,31 @@ def traced_call(e: Entry) -> list[str]:
         L.append(f"    if ((*{e.vendor_flag} & 1) != 0)\n"
                  f"        {target}{external_call(e.external)};\n"
                  f"    else\n        {target}{own};\n")
-    elif e.ifail:
-        L.append(f"    lbx::Fail fail_(errbuf, *{e.ifail});\n"
-                 f"    try {{\n        {target}{own};\n    }} catch (...) {{\n"
-                 f"        fail_.exception();\n    }}\n    fail_.finish();\n")
+    elif e.runner:
+        args = ", ".join([p.name for p in e.params] + ["fail_"])
+        L.append(f"    lbx::Fail fail_(errbuf, *{e.ifail});\n    {target}{e.runner}({args});\n")
     else:
         L.append(f"    {target}{own};\n")
     return L
+
+
+def runner(e: Entry, conv) -> str:
+    """The implementation call and its indicator writer, shared by the traced
+    entry and the plain entry."""
+    res = RESULT[e.result]
+    own = e.impl_call
+    if e.result == "logical":
+        own = f"({own} ? 1 : 0)"
+    params = params_text(e.params, conv.length_type)
+    if e.result:
+        body = (f"    {res} result_{{}};\n    try {{\n        result_ = {own};\n    }} catch (...) {{\n"
+                "        fail_.exception();\n    }\n    fail_.finish();\n    return result_;\n")
+    else:
+        body = (f"    try {{\n        {own};\n    }} catch (...) {{\n"
+                "        fail_.exception();\n    }\n    fail_.finish();\n")
+    return (f"namespace {{\n// {e.name}'s work between its trace frames.\n"
+            f"[[gnu::always_inline]] inline {res} {e.runner}({params}, lbx::Fail& fail_)\n{{\n"
+            + body + "}\n}  // namespace\n\n")
 
 
 def tracing_helper(e: Entry, conv) -> str:
@@ -354,5 +388,7 @@ def source_entries(cm: ChapterModel, source: str, conv) -> str:
            "namespace {\n", message_tables(models), external_decls(models, conv),
            "}  // namespace\n\n"]
     for m in models:
+        # The runner first: the plain entry calls it.
+        out += [runner(e, conv) for e in m.entries if e.layer == "traced" and e.runner]
         out += [entry_text(e, conv) + "\n" for e in m.entries]
     return "".join(out)

@@ -88,6 +88,9 @@ class Entry:
     call_args: list[str] = field(default_factory=list)
     locals: list[Local] = field(default_factory=list)
     ifail: str = ""  # the IFAIL parameter's name, when the routine has one
+    # plain: the traced entry's work without its trace switch, called with the
+    # plain entry's own indicator writer (empty when the traced entry has none)
+    runner: str = ""
     # traced and direct: the implementation call; traced: the trace
     impl_call: str = ""
     trace_in: list[TraceLine] = field(default_factory=list)
@@ -297,7 +300,15 @@ def _plain(r: Routine, conv: Convention, typename) -> Entry:
     call = [values[(kind, s.name)] for kind, s in conv.order(routine_slots(r, "traced"))]
     return _entry(conv, r.name, "plain", r.result, params, purpose=r.purpose,
                   callee=conv.cname(r.name + "T"), call_args=call, locals=locals_,
-                  ifail=r.args[-1].lname if r.has_ifail else "")
+                  ifail=r.args[-1].lname if r.has_ifail else "",
+                  runner=runner_name(r, conv))
+
+
+def runner_name(r: Routine, conv: Convention) -> str:
+    """The traced entry's work between its trace frames as a function of the
+    entry's arguments and the indicator writer; only a routine with IFAIL whose
+    traced entry calls its own implementation has one."""
+    return conv.cname(r.name + "T") + "run_" if r.has_ifail and r.layers != "paired" else ""
 
 
 def _external(r: Routine, conv: Convention, typename) -> External:
@@ -328,7 +339,7 @@ def _traced(r: Routine, conv: Convention, typename) -> Entry:
                impl_call=f"lbx::{r.chapter}::{r.impl}({', '.join(impl_args)})",
                trace_in=[trace_line(a) for a in traced if a.intent in ("in", "inout")],
                trace_out=[trace_line(a) for a in traced],
-               ifail=r.args[-1].lname if r.has_ifail else "")
+               ifail=r.args[-1].lname if r.has_ifail else "", runner=runner_name(r, conv))
     if r.layers == "paired":
         e.external = _external(r, conv, typename)
         e.vendor_flag = "call_vendor"

@@ -118,13 +118,6 @@ namespace lbx::frame {
 
 namespace {
 
-// An IFAIL on entry that asks for no records: 1 (soft, silent) and every
-// value other than 0 and -1.
-bool quiet(int ifail)
-{
-    return ifail == 1 || ifail < -1 || ifail > 1;
-}
-
 // A list-directed read of one integer from a field (blank beyond its end):
 // optional blanks, sign and digits, ended by the end of the field, a blank, a
 // comma or a slash.
@@ -299,10 +292,15 @@ int plain_exit(int ifail_on_entry, int error, const char* errbuf, std::string_vi
     if (error == 0)
         return P01ABF(ifail_on_entry, 0, srname, 0, nullptr);
     if (quiet(ifail_on_entry)) {
-        // Nothing is written: only the number the caller gets back counts,
-        // so the message is checked without copying its fields out.
+        // Nothing is written: only the number the caller gets back counts.
+        // A quiet writer has checked the message's form already; otherwise
+        // it is checked without copying its fields out.
         int code = 0;
-        const int status = split_message(errbuf, code, [](int, std::string_view) {});
+        int status = status_ok;
+        if (errbuf[0] == checked_message)
+            std::memcpy(&code, errbuf + 1, sizeof code);
+        else
+            status = split_message(errbuf, code, [](int, std::string_view) {});
         return status == status_ok && table_row(error, code, table) != nullptr ? error : -99;
     }
     char records[max_records][record_length];

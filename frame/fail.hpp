@@ -9,8 +9,10 @@
 // the count of values is checked when the implementation is compiled.
 #pragma once
 
+#include <algorithm>
 #include <complex>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace lbx {
@@ -45,6 +47,11 @@ inline constexpr Message<0> ALLOC_FAILED{-999, 99991};
 // routine defines this pair, so the caller sees "Unexpected error" and -99.
 inline constexpr Message<0> UNEXPECTED_EXCEPTION{-99, 99990};
 
+// A buffer a quiet writer marked instead of writing the message: this byte,
+// then the message code as 4 bytes.  The message it stands for fits and is
+// well formed; the plain entry only looks its pair up.
+inline constexpr char checked_message = '\x02';
+
 // Writes one coded message into a buffer: the header fields in its
 // constructor, then one value field per add.  It lives only on a failure's
 // path, so a routine that succeeds never keeps a writer in memory.
@@ -57,6 +64,18 @@ public:
     void add(std::string_view v) noexcept;
     void add(const char* v) noexcept { add(std::string_view(v)); }
 
+    // The characters a value's field and its closing separator take.
+    static constexpr int size(int) noexcept { return 12; }
+    static constexpr int size(double) noexcept { return 23; }
+    static constexpr int size(char) noexcept { return 2; }
+    static int size(std::string_view v) noexcept
+    {
+        return static_cast<int>(std::min<std::size_t>(v.size(), errbuf_length - 8)) + 1;
+    }
+    static int size(const char* v) noexcept { return size(std::string_view(v)); }
+    // The header: the leading separator and three 5-wide fields.
+    static constexpr int header_size = 19;
+
 private:
     void field(std::string_view text, int width = 0) noexcept;
     void add_integer(int v, int width) noexcept;
@@ -67,8 +86,11 @@ private:
 
 class Fail {
 public:
-    // Clears the indicator and marks the buffer empty (first byte NUL).
-    Fail(char* errbuf, int& ifail) noexcept : buf_(errbuf), ifail_(&ifail)
+    // Clears the indicator and marks the buffer empty (first byte NUL).  A
+    // quiet writer serves a plain entry whose caller asked for no records: a
+    // message that fits is marked (checked_message), not written.
+    Fail(char* errbuf, int& ifail, bool quiet = false) noexcept
+        : buf_(errbuf), ifail_(&ifail), quiet_(quiet)
     {
         buf_[0] = '\0';
         ifail = 0;
@@ -80,7 +102,7 @@ public:
     void operator()(const Message<K>& m, const V&... values) noexcept
     {
         static_assert(sizeof...(V) == K, "value count differs from the message's slots");
-        report(buf_, ifail_, m.ifail, m.code, values...);
+        report(buf_, ifail_, quiet_, m.ifail, m.code, values...);
     }
 
     bool failed() const noexcept { return *ifail_ != 0; }
@@ -96,18 +118,27 @@ private:
     // failure's path is one call in an implementation inlined into its entry,
     // and the success path keeps its registers and a small frame.
     template <class... V>
-    [[gnu::cold, gnu::noinline]] static void report(char* buf, int* ifail_out, int ifail, int code,
-                                                    V... values) noexcept
+    [[gnu::cold, gnu::noinline]] static void report(char* buf, int* ifail_out, bool quiet,
+                                                    int ifail, int code, V... values) noexcept
     {
+        *ifail_out = ifail;
+        // Every field fits exactly when their sum does (the writer leaves out
+        // a field that would not, and the message is then malformed).
+        if (quiet &&
+            (MessageWriter::header_size + ... + MessageWriter::size(values)) <= errbuf_length - 1) {
+            buf[0] = checked_message;
+            std::memcpy(buf + 1, &code, sizeof code);
+            return;
+        }
         MessageWriter writer(buf, ifail, code, static_cast<int>(sizeof...(V)));
         (writer.add(values), ...);
-        *ifail_out = ifail;
     }
 
-    // Two pointers and nothing else: once an implementation is inlined into
-    // its entry, the writer of a call that succeeds needs no memory.
+    // Two pointers and a flag: once an implementation is inlined into its
+    // entry, the writer of a call that succeeds needs no memory.
     char* buf_;
     int* ifail_;
+    bool quiet_;
 };
 
 }  // namespace lbx

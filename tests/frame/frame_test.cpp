@@ -153,6 +153,37 @@ TEST(CodedMessage, RecordsQuoteValuesOrReportUnexpectedError)
     }
 }
 
+// A plain entry whose caller asks for no records gets the same number from a
+// quiet writer (which only checks the message) as from the full message: the
+// error, or -99 when the pair is undefined or the values do not fit.
+TEST(CodedMessage, QuietWriterAgreesWithTheFullMessage)
+{
+    struct Case {
+        const char* label;
+        int ifail, code;
+        std::size_t text;  // characters of the text value
+        int result;
+    } cases[] = {
+        {"defined", 1, 99997, 5, 1},
+        {"undefined pair", 1, 12345, 5, -99},
+        {"text fills the buffer", 1, 99997, 179 - 12 - 23, 1},
+        {"text one too long", 1, 99997, 180 - 12 - 23, -99},
+    };
+    for (const Case& c : cases) {
+        const std::string text(c.text, 'x');
+        for (bool quiet : {true, false}) {
+            char errbuf[200];
+            int ifail = 0;
+            lbx::Fail fail(errbuf, ifail, quiet);
+            fail(lbx::Message<3>{c.ifail, c.code}, 7, 2.5, std::string_view(text));
+            fail.finish();
+            EXPECT_EQ(ifail, c.ifail);
+            EXPECT_EQ(lbx::frame::plain_exit(1, ifail, errbuf, "M01CAF", table), c.result)
+                << c.label << (quiet ? ", quiet" : ", full");
+        }
+    }
+}
+
 // The quiet modes return the number and write nothing; IFAIL = -1 writes the
 // records and the soft-failure lines on the error unit.
 TEST(ErrorExit, QuietModesWriteNothing)
