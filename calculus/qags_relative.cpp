@@ -7,7 +7,7 @@
 // work grows with the square of LIMIT.
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <memory>
 
 #include "calculus/qags.hpp"
 #include "gen/calculus.hpp"
@@ -18,6 +18,7 @@ namespace {
 
 constexpr int default_nlimit = 10000;
 constexpr long long max_limit = 5000;
+constexpr int stack_limit = (default_nlimit + 21) / 42;
 
 }  // namespace
 
@@ -37,10 +38,23 @@ double D01AHFN(const D01AHF_FProc& f, double a, double b, double epsr, int& npts
     const int evaluations = nlimit > 0 ? nlimit : default_nlimit;
     const int limit =
         static_cast<int>(std::min((static_cast<long long>(evaluations) + 21) / 42, max_limit));
-    std::vector<double> w(4 * static_cast<std::size_t>(limit));
-    std::vector<int> iord(static_cast<std::size_t>(limit));
-    const Subintervals s{
-        w.data(), w.data() + limit, w.data() + 2 * limit, w.data() + 3 * limit, iord.data(), limit};
+    // The default NLIMIT's 238 subintervals live on the stack (9.5 KB); a
+    // larger LIMIT takes the heap.  QAGS writes each list entry before it
+    // reads it, so neither is cleared: an integral that ends after one rule
+    // application costs no more than its 21 evaluations and the scheme.
+    double stack_w[4 * stack_limit];
+    int stack_iord[stack_limit];
+    std::unique_ptr<double[]> heap_w;
+    std::unique_ptr<int[]> heap_iord;
+    double* w = stack_w;
+    int* iord = stack_iord;
+    if (limit > stack_limit) {
+        heap_w.reset(new double[4 * static_cast<std::size_t>(limit)]);
+        heap_iord.reset(new int[static_cast<std::size_t>(limit)]);
+        w = heap_w.get();
+        iord = heap_iord.get();
+    }
+    const Subintervals s{w, w + limit, w + 2 * limit, w + 3 * limit, iord, limit};
     auto eval = [&](double x) { return f(x, iuser, ruser); };
     auto rule = [](auto& g, double lo, double hi, double& r, double& e, double& ra, double& rs) {
         D01AJZN(g, lo, hi, r, e, ra, rs);
