@@ -101,37 +101,19 @@ inline double kronrod_error(double err, double resabs, double resasc)
     return err;
 }
 
-// A Gauss-Kronrod rule of 2 N + 1 points, in the published DQK15 to DQK61
-// order of operations: the centre, the Gauss nodes in pairs, then the
-// Kronrod nodes in pairs. xgk and wgk hold N + 1 values (centre last). For
-// even N the Gauss rule has N points and wg holds N / 2 weights; for odd N
-// (15, 31 and 51 points) the centre is a Gauss node too and wg holds
-// (N + 1) / 2 weights, the centre's last. result, abserr, resabs (integral
-// of abs(f)) and resasc (integral of abs(f - mean)) as the published rules
-// return them.
-template <int N, class F>
-void gauss_kronrod(F&& f, double a, double b, const double* xgk, const double* wgk,
-                   const double* wg, double& result, double& abserr, double& resabs, double& resasc)
+// The sums of a Gauss-Kronrod rule of 2 N + 1 points from its values, in the
+// published DQK15 to DQK61 order of operations: fc at the centre, fv1 and
+// fv2 at centr - absc and centr + absc. xgk and wgk hold N + 1 values
+// (centre last). For even N the Gauss rule has N points and wg holds N / 2
+// weights; for odd N (15, 31 and 51 points) the centre is a Gauss node too
+// and wg holds (N + 1) / 2 weights, the centre's last. result, abserr, resabs
+// (integral of abs(f)) and resasc (integral of abs(f - mean)) as the
+// published rules return them.
+template <int N>
+void kronrod_sums(double fc, const double* fv1, const double* fv2, double hlgth, const double* wgk,
+                  const double* wg, double& result, double& abserr, double& resabs, double& resasc)
 {
-    const double centr = 0.5 * (a + b);
-    const double hlgth = 0.5 * (b - a);
     const double dhlgth = std::fabs(hlgth);
-    double fv1[N], fv2[N];
-    // Every value first, in the published order of the calls, then the sums in
-    // their published order: across a call of the user's routine only the
-    // centre and the half-length stay live, and the results are the same bit
-    // for bit.
-    const double fc = f(centr);
-    for (int j = 0; j < N / 2; ++j) {  // the Gauss nodes
-        const double absc = hlgth * xgk[2 * j + 1];
-        fv1[2 * j + 1] = f(centr - absc);
-        fv2[2 * j + 1] = f(centr + absc);
-    }
-    for (int j = 0; j < (N + 1) / 2; ++j) {  // the Kronrod nodes
-        const double absc = hlgth * xgk[2 * j];
-        fv1[2 * j] = f(centr - absc);
-        fv2[2 * j] = f(centr + absc);
-    }
     double resg = 0.0;
     if constexpr (N % 2 == 1) {
         resg = wg[N / 2] * fc;
@@ -160,6 +142,70 @@ void gauss_kronrod(F&& f, double a, double b, const double* xgk, const double* w
     resabs = rabs * dhlgth;
     resasc = rasc * dhlgth;
     abserr = kronrod_error(std::fabs((resk - resg) * hlgth), resabs, resasc);
+}
+
+// A Gauss-Kronrod rule of 2 N + 1 points on [a, b] (see kronrod_sums).
+// Every value first, in the published order of the calls (the centre, the
+// Gauss nodes in pairs, then the Kronrod nodes in pairs, each pair
+// centr - absc first), then the sums: across a call of the user's routine
+// only the centre and the half-length stay live, and the results are the
+// published ones bit for bit.
+template <int N, class F>
+void gauss_kronrod(F&& f, double a, double b, const double* xgk, const double* wgk,
+                   const double* wg, double& result, double& abserr, double& resabs, double& resasc)
+{
+    const double centr = 0.5 * (a + b);
+    const double hlgth = 0.5 * (b - a);
+    double fv1[N], fv2[N];
+    const double fc = f(centr);
+    for (int j = 0; j < N / 2; ++j) {  // the Gauss nodes
+        const double absc = hlgth * xgk[2 * j + 1];
+        fv1[2 * j + 1] = f(centr - absc);
+        fv2[2 * j + 1] = f(centr + absc);
+    }
+    for (int j = 0; j < (N + 1) / 2; ++j) {  // the Kronrod nodes
+        const double absc = hlgth * xgk[2 * j];
+        fv1[2 * j] = f(centr - absc);
+        fv2[2 * j] = f(centr + absc);
+    }
+    kronrod_sums<N>(fc, fv1, fv2, hlgth, wgk, wg, result, abserr, resabs, resasc);
+}
+
+// gauss_kronrod with the integrand called once for all 2 N + 1 nodes:
+// fvec(x, fv, n) fills fv(i) = f(x(i)), the nodes computed as gauss_kronrod
+// computes them and in the order it asks for them, so the results are those
+// of gauss_kronrod on the same integrand, bit for bit.
+template <int N, class V>
+void gauss_kronrod_vector(V&& fvec, double a, double b, const double* xgk, const double* wgk,
+                          const double* wg, double& result, double& abserr, double& resabs,
+                          double& resasc)
+{
+    constexpr int gauss = N / 2, kronrod = (N + 1) / 2;
+    const double centr = 0.5 * (a + b);
+    const double hlgth = 0.5 * (b - a);
+    double x[2 * N + 1], fv[2 * N + 1];
+    x[0] = centr;
+    for (int j = 0; j < gauss; ++j) {
+        const double absc = hlgth * xgk[2 * j + 1];
+        x[1 + 2 * j] = centr - absc;
+        x[2 + 2 * j] = centr + absc;
+    }
+    for (int j = 0; j < kronrod; ++j) {
+        const double absc = hlgth * xgk[2 * j];
+        x[1 + 2 * gauss + 2 * j] = centr - absc;
+        x[2 + 2 * gauss + 2 * j] = centr + absc;
+    }
+    fvec(x, fv, 2 * N + 1);
+    double fv1[N], fv2[N];
+    for (int j = 0; j < gauss; ++j) {
+        fv1[2 * j + 1] = fv[1 + 2 * j];
+        fv2[2 * j + 1] = fv[2 + 2 * j];
+    }
+    for (int j = 0; j < kronrod; ++j) {
+        fv1[2 * j] = fv[1 + 2 * gauss + 2 * j];
+        fv2[2 * j] = fv[2 + 2 * gauss + 2 * j];
+    }
+    kronrod_sums<N>(fv[0], fv1, fv2, hlgth, wgk, wg, result, abserr, resabs, resasc);
 }
 
 // D01AJZN: the 21-point rule on [a, b] (DQK21).
@@ -276,26 +322,8 @@ template <class V>
 void D01ATZN(V&& fvec, double a, double b, double& result, double& abserr, double& resabs,
              double& resasc)
 {
-    using namespace kronrod21;
-    const double centr = 0.5 * (a + b);
-    const double hlgth = 0.5 * (b - a);
-    double x[21], fv[21];
-    int n = 0;
-    x[n++] = centr;
-    for (int j = 0; j < 5; ++j) {
-        const double absc = hlgth * xgk[2 * j + 1];
-        x[n++] = centr - absc;
-        x[n++] = centr + absc;
-    }
-    for (int j = 0; j < 5; ++j) {
-        const double absc = hlgth * xgk[2 * j];
-        x[n++] = centr - absc;
-        x[n++] = centr + absc;
-    }
-    fvec(x, fv, 21);
-    int next = 0;
-    auto replay = [&](double) { return fv[next++]; };
-    gauss_kronrod<10>(replay, a, b, xgk, wgk, wg, result, abserr, resabs, resasc);
+    gauss_kronrod_vector<10>(fvec, a, b, kronrod21::xgk, kronrod21::wgk, kronrod21::wg, result,
+                             abserr, resabs, resasc);
 }
 
 }  // namespace lbx::calculus
@@ -444,26 +472,33 @@ void kronrod_rule(int key, F&& f, double a, double b, double& result, double& ab
     }
 }
 
-// D01AUZN: the rule of KEY with the integrand called once for all its
-// 2 N + 1 nodes: fvec(x, fv, n) fills fv(i) = f(x(i)). A first pass of the
-// rule records the nodes it asks for (in its own order and arithmetic), the
-// integrand is called on them at once, and a second pass takes the values
-// in the same order: the results are those of the scalar rule, bit for bit.
+// D01AUZN: the rule of KEY (kronrod_rule) with the integrand called once for
+// all its 2 N + 1 nodes: fvec(x, fv, n) fills fv(i) = f(x(i)), and the
+// results are those of the scalar rule, bit for bit.
 template <class V>
 void D01AUZN(int key, V&& fvec, double a, double b, double& result, double& abserr, double& resabs,
              double& resasc)
 {
-    double x[61], fv[61];
-    int n = 0;
-    auto record = [&](double t) {
-        x[n++] = t;
-        return 0.0;
-    };
-    kronrod_rule(key, record, a, b, result, abserr, resabs, resasc);
-    fvec(x, fv, n);
-    int next = 0;
-    auto replay = [&](double) { return fv[next++]; };
-    kronrod_rule(key, replay, a, b, result, abserr, resabs, resasc);
+    switch (key) {
+        case 1:
+            return gauss_kronrod_vector<7>(fvec, a, b, kronrod15::xgk, kronrod15::wgk,
+                                           kronrod15::wg7, result, abserr, resabs, resasc);
+        case 2:
+            return gauss_kronrod_vector<10>(fvec, a, b, kronrod21::xgk, kronrod21::wgk,
+                                            kronrod21::wg, result, abserr, resabs, resasc);
+        case 3:
+            return gauss_kronrod_vector<15>(fvec, a, b, kronrod31::xgk, kronrod31::wgk,
+                                            kronrod31::wg, result, abserr, resabs, resasc);
+        case 4:
+            return gauss_kronrod_vector<20>(fvec, a, b, kronrod41::xgk, kronrod41::wgk,
+                                            kronrod41::wg, result, abserr, resabs, resasc);
+        case 5:
+            return gauss_kronrod_vector<25>(fvec, a, b, kronrod51::xgk, kronrod51::wgk,
+                                            kronrod51::wg, result, abserr, resabs, resasc);
+        default:
+            return gauss_kronrod_vector<30>(fvec, a, b, kronrod61::xgk, kronrod61::wgk,
+                                            kronrod61::wg, result, abserr, resabs, resasc);
+    }
 }
 
 }  // namespace lbx::calculus
