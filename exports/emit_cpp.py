@@ -196,14 +196,13 @@ def plain_body(e: Entry) -> list[str]:
         res = RESULT[e.result]
         decl = f"{res} result_;\n    " if e.result else ""
         assign = "result_ = " if e.result else ""
-        L.append(f"    const int ifail_in_ = *{e.ifail};\n"
-                 "    char errbuf_[lbx::errbuf_length];\n    int ifail_ = 0;\n"
+        L.append("    char errbuf_[lbx::errbuf_length];\n    int ifail_ = 0;\n"
                  f"    {decl}if (lbx::frame::tracing()) [[unlikely]] {{\n        {assign}{call};\n"
                  "    } else {\n"
-                 "        lbx::Fail fail_(errbuf_, ifail_, lbx::frame::quiet(ifail_in_));\n"
+                 f"        lbx::Fail fail_(errbuf_, ifail_, {e.ifail});\n"
                  f"        {assign}{e.runner}({', '.join(e.call_args + ['fail_'])});\n    }}\n")
         L.append(f"    if (ifail_ == 0) [[likely]]\n        *{e.ifail} = 0;\n    else\n"
-                 f"        *{e.ifail} = lbx::frame::plain_exit(ifail_in_, ifail_, errbuf_, "
+                 f"        *{e.ifail} = lbx::frame::plain_exit(*{e.ifail}, ifail_, errbuf_, "
                  f"{cstr(e.name)}, {e.name}_messages);\n")
     elif e.ifail:
         L.append("    char errbuf_[lbx::errbuf_length];\n    int ifail_ = 0;\n")

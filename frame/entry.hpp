@@ -21,13 +21,6 @@ struct MessageText {
     bool ranged = false;
 };
 
-// An IFAIL on entry that asks for no records: 1 (soft, silent) and every
-// value other than 0 and -1.
-inline bool quiet(int ifail)
-{
-    return ifail == 1 || ifail < -1 || ifail > 1;
-}
-
 // Steps after the traced entry returns: on success the error exit with error
 // number 0; otherwise split ERRBUF, build the records of the routine's pair
 // (or "Unexpected error" and -99) and hand them to the error exit.  Returns

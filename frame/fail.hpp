@@ -47,6 +47,13 @@ inline constexpr Message<0> ALLOC_FAILED{-999, 99991};
 // routine defines this pair, so the caller sees "Unexpected error" and -99.
 inline constexpr Message<0> UNEXPECTED_EXCEPTION{-99, 99990};
 
+// An IFAIL on entry that asks for no records: 1 (soft, silent) and every
+// value other than 0 and -1.
+inline bool quiet(int ifail)
+{
+    return ifail == 1 || ifail < -1 || ifail > 1;
+}
+
 // A buffer a quiet writer marked instead of writing the message: this byte,
 // then the message code as 4 bytes.  The message it stands for fits and is
 // well formed; the plain entry only looks its pair up.
@@ -87,10 +94,11 @@ private:
 class Fail {
 public:
     // Clears the indicator and marks the buffer empty (first byte NUL).  A
-    // quiet writer serves a plain entry whose caller asked for no records: a
-    // message that fits is marked (checked_message), not written.
-    Fail(char* errbuf, int& ifail, bool quiet = false) noexcept
-        : buf_(errbuf), ifail_(&ifail), quiet_(quiet)
+    // plain entry passes its caller's IFAIL, read only on a failure: when it
+    // asks for no records, a message that fits is marked (checked_message),
+    // not written.
+    Fail(char* errbuf, int& ifail, const int* caller_ifail = nullptr) noexcept
+        : buf_(errbuf), ifail_(&ifail), caller_ifail_(caller_ifail)
     {
         buf_[0] = '\0';
         ifail = 0;
@@ -102,7 +110,7 @@ public:
     void operator()(const Message<K>& m, const V&... values) noexcept
     {
         static_assert(sizeof...(V) == K, "value count differs from the message's slots");
-        report(buf_, ifail_, quiet_, m.ifail, m.code, values...);
+        report(buf_, ifail_, caller_ifail_, m.ifail, m.code, values...);
     }
 
     bool failed() const noexcept { return *ifail_ != 0; }
@@ -118,13 +126,14 @@ private:
     // failure's path is one call in an implementation inlined into its entry,
     // and the success path keeps its registers and a small frame.
     template <class... V>
-    [[gnu::cold, gnu::noinline]] static void report(char* buf, int* ifail_out, bool quiet,
-                                                    int ifail, int code, V... values) noexcept
+    [[gnu::cold, gnu::noinline]] static void report(char* buf, int* ifail_out,
+                                                    const int* caller_ifail, int ifail, int code,
+                                                    V... values) noexcept
     {
         *ifail_out = ifail;
         // Every field fits exactly when their sum does (the writer leaves out
         // a field that would not, and the message is then malformed).
-        if (quiet &&
+        if (caller_ifail != nullptr && quiet(*caller_ifail) &&
             (MessageWriter::header_size + ... + MessageWriter::size(values)) <= errbuf_length - 1) {
             buf[0] = checked_message;
             std::memcpy(buf + 1, &code, sizeof code);
@@ -134,11 +143,11 @@ private:
         (writer.add(values), ...);
     }
 
-    // Two pointers and a flag: once an implementation is inlined into its
-    // entry, the writer of a call that succeeds needs no memory.
+    // Three pointers: once an implementation is inlined into its entry, the
+    // writer of a call that succeeds needs no memory.
     char* buf_;
     int* ifail_;
-    bool quiet_;
+    const int* caller_ifail_;
 };
 
 }  // namespace lbx

@@ -174,7 +174,8 @@ TEST(CodedMessage, QuietWriterAgreesWithTheFullMessage)
         for (bool quiet : {true, false}) {
             char errbuf[200];
             int ifail = 0;
-            lbx::Fail fail(errbuf, ifail, quiet);
+            const int caller = 1;
+            lbx::Fail fail(errbuf, ifail, quiet ? &caller : nullptr);
             fail(lbx::Message<3>{c.ifail, c.code}, 7, 2.5, std::string_view(text));
             fail.finish();
             EXPECT_EQ(ifail, c.ifail);
