@@ -446,30 +446,36 @@ inline constexpr double wgk[26] = {
 
 }  // namespace kronrod51
 
-// The rule of QAG's KEY (1 to 6: the 15, 21, 31, 41, 51 and 61-point
-// Gauss-Kronrod rules, DQK15 to DQK61) on [a, b].
+// Calls body.template operator()<N>(xgk, wgk, wg) with the tables of QAG's
+// KEY (1 to 6: the 15, 21, 31, 41, 51 and 61-point Gauss-Kronrod rules,
+// DQK15 to DQK61; N as gauss_kronrod takes it).
+template <class Body>
+void with_kronrod_tables(int key, Body&& body)
+{
+    switch (key) {
+        case 1:
+            return body.template operator()<7>(kronrod15::xgk, kronrod15::wgk, kronrod15::wg7);
+        case 2:
+            return body.template operator()<10>(kronrod21::xgk, kronrod21::wgk, kronrod21::wg);
+        case 3:
+            return body.template operator()<15>(kronrod31::xgk, kronrod31::wgk, kronrod31::wg);
+        case 4:
+            return body.template operator()<20>(kronrod41::xgk, kronrod41::wgk, kronrod41::wg);
+        case 5:
+            return body.template operator()<25>(kronrod51::xgk, kronrod51::wgk, kronrod51::wg);
+        default:
+            return body.template operator()<30>(kronrod61::xgk, kronrod61::wgk, kronrod61::wg);
+    }
+}
+
+// The rule of QAG's KEY on [a, b].
 template <class F>
 void kronrod_rule(int key, F&& f, double a, double b, double& result, double& abserr,
                   double& resabs, double& resasc)
 {
-    switch (key) {
-        case 1:
-            return gauss_kronrod<7>(f, a, b, kronrod15::xgk, kronrod15::wgk, kronrod15::wg7, result,
-                                    abserr, resabs, resasc);
-        case 2:
-            return D01AJZN(f, a, b, result, abserr, resabs, resasc);
-        case 3:
-            return gauss_kronrod<15>(f, a, b, kronrod31::xgk, kronrod31::wgk, kronrod31::wg, result,
-                                     abserr, resabs, resasc);
-        case 4:
-            return gauss_kronrod<20>(f, a, b, kronrod41::xgk, kronrod41::wgk, kronrod41::wg, result,
-                                     abserr, resabs, resasc);
-        case 5:
-            return gauss_kronrod<25>(f, a, b, kronrod51::xgk, kronrod51::wgk, kronrod51::wg, result,
-                                     abserr, resabs, resasc);
-        default:
-            return D01AKZN(f, a, b, result, abserr, resabs, resasc);
-    }
+    with_kronrod_tables(key, [&]<int N>(const double* xgk, const double* wgk, const double* wg) {
+        gauss_kronrod<N>(f, a, b, xgk, wgk, wg, result, abserr, resabs, resasc);
+    });
 }
 
 // D01AUZN: the rule of KEY (kronrod_rule) with the integrand called once for
@@ -479,26 +485,9 @@ template <class V>
 void D01AUZN(int key, V&& fvec, double a, double b, double& result, double& abserr, double& resabs,
              double& resasc)
 {
-    switch (key) {
-        case 1:
-            return gauss_kronrod_vector<7>(fvec, a, b, kronrod15::xgk, kronrod15::wgk,
-                                           kronrod15::wg7, result, abserr, resabs, resasc);
-        case 2:
-            return gauss_kronrod_vector<10>(fvec, a, b, kronrod21::xgk, kronrod21::wgk,
-                                            kronrod21::wg, result, abserr, resabs, resasc);
-        case 3:
-            return gauss_kronrod_vector<15>(fvec, a, b, kronrod31::xgk, kronrod31::wgk,
-                                            kronrod31::wg, result, abserr, resabs, resasc);
-        case 4:
-            return gauss_kronrod_vector<20>(fvec, a, b, kronrod41::xgk, kronrod41::wgk,
-                                            kronrod41::wg, result, abserr, resabs, resasc);
-        case 5:
-            return gauss_kronrod_vector<25>(fvec, a, b, kronrod51::xgk, kronrod51::wgk,
-                                            kronrod51::wg, result, abserr, resabs, resasc);
-        default:
-            return gauss_kronrod_vector<30>(fvec, a, b, kronrod61::xgk, kronrod61::wgk,
-                                            kronrod61::wg, result, abserr, resabs, resasc);
-    }
+    with_kronrod_tables(key, [&]<int N>(const double* xgk, const double* wgk, const double* wg) {
+        gauss_kronrod_vector<N>(fvec, a, b, xgk, wgk, wg, result, abserr, resabs, resasc);
+    });
 }
 
 }  // namespace lbx::calculus
