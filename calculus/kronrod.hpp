@@ -101,18 +101,24 @@ inline double kronrod_error(double err, double resabs, double resasc)
     return err;
 }
 
-// The sums of a Gauss-Kronrod rule of 2 N + 1 points from its values, in the
-// published DQK15 to DQK61 order of operations: fc at the centre, fv1 and
-// fv2 at centr - absc and centr + absc. xgk and wgk hold N + 1 values
-// (centre last). For even N the Gauss rule has N points and wg holds N / 2
-// weights; for odd N (15, 31 and 51 points) the centre is a Gauss node too
-// and wg holds (N + 1) / 2 weights, the centre's last. result, abserr, resabs
-// (integral of abs(f)) and resasc (integral of abs(f - mean)) as the
-// published rules return them.
+// The sums of a Gauss-Kronrod rule of 2 N + 1 points from its values in the
+// order of the published calls, in the published DQK15 to DQK61 order of
+// operations. fv[0] is the value at the centre; then come the Gauss nodes'
+// pairs (xgk[1], xgk[3], ...), then the Kronrod nodes' pairs (xgk[0],
+// xgk[2], ...), each pair as f(centr - absc), f(centr + absc). xgk and wgk
+// hold N + 1 values (centre last). For even N the Gauss rule has N points and
+// wg holds N / 2 weights; for odd N (15, 31 and 51 points) the centre is a
+// Gauss node too and wg holds (N + 1) / 2 weights, the centre's last.
+// result, abserr, resabs (integral of abs(f)) and resasc (integral of
+// abs(f - mean)) as the published rules return them.
 template <int N>
-void kronrod_sums(double fc, const double* fv1, const double* fv2, double hlgth, const double* wgk,
-                  const double* wg, double& result, double& abserr, double& resabs, double& resasc)
+void kronrod_sums(const double* fv, double hlgth, const double* wgk, const double* wg,
+                  double& result, double& abserr, double& resabs, double& resasc)
 {
+    // The published fv1(j), fv2(j) of node xgk[j] (j below N) in fv.
+    constexpr int gauss = N / 2;
+    auto at = [](int j) { return j % 2 == 1 ? j : 1 + 2 * gauss + j; };
+    const double fc = fv[0];
     const double dhlgth = std::fabs(hlgth);
     double resg = 0.0;
     if constexpr (N % 2 == 1) {
@@ -122,21 +128,23 @@ void kronrod_sums(double fc, const double* fv1, const double* fv2, double hlgth,
     double rabs = std::fabs(resk);
     for (int j = 0; j < N / 2; ++j) {
         const int jtw = 2 * j + 1;
-        const double fsum = fv1[jtw] + fv2[jtw];
+        const double f1 = fv[at(jtw)], f2 = fv[at(jtw) + 1];
+        const double fsum = f1 + f2;
         resg = resg + wg[j] * fsum;
         resk = resk + wgk[jtw] * fsum;
-        rabs = rabs + wgk[jtw] * (std::fabs(fv1[jtw]) + std::fabs(fv2[jtw]));
+        rabs = rabs + wgk[jtw] * (std::fabs(f1) + std::fabs(f2));
     }
     for (int j = 0; j < (N + 1) / 2; ++j) {
         const int jtwm1 = 2 * j;
-        const double fsum = fv1[jtwm1] + fv2[jtwm1];
+        const double f1 = fv[at(jtwm1)], f2 = fv[at(jtwm1) + 1];
+        const double fsum = f1 + f2;
         resk = resk + wgk[jtwm1] * fsum;
-        rabs = rabs + wgk[jtwm1] * (std::fabs(fv1[jtwm1]) + std::fabs(fv2[jtwm1]));
+        rabs = rabs + wgk[jtwm1] * (std::fabs(f1) + std::fabs(f2));
     }
     const double reskh = resk * 0.5;
     double rasc = wgk[N] * std::fabs(fc - reskh);
     for (int j = 0; j < N; ++j) {
-        rasc = rasc + wgk[j] * (std::fabs(fv1[j] - reskh) + std::fabs(fv2[j] - reskh));
+        rasc = rasc + wgk[j] * (std::fabs(fv[at(j)] - reskh) + std::fabs(fv[at(j) + 1] - reskh));
     }
     result = resk * hlgth;
     resabs = rabs * dhlgth;
@@ -144,68 +152,56 @@ void kronrod_sums(double fc, const double* fv1, const double* fv2, double hlgth,
     abserr = kronrod_error(std::fabs((resk - resg) * hlgth), resabs, resasc);
 }
 
-// A Gauss-Kronrod rule of 2 N + 1 points on [a, b] (see kronrod_sums).
-// Every value first, in the published order of the calls (the centre, the
-// Gauss nodes in pairs, then the Kronrod nodes in pairs, each pair
-// centr - absc first), then the sums: across a call of the user's routine
-// only the centre and the half-length stay live, and the results are the
-// published ones bit for bit.
-template <int N, class F>
-void gauss_kronrod(F&& f, double a, double b, const double* xgk, const double* wgk,
-                   const double* wg, double& result, double& abserr, double& resabs, double& resasc)
+// The 2 N + 1 nodes of a Gauss-Kronrod rule on [a, b] in the order of the
+// published calls (see kronrod_sums), computed as the published rules
+// compute them; returns the half-length.
+template <int N>
+double kronrod_nodes(double a, double b, const double* xgk, double* x)
 {
+    constexpr int gauss = N / 2;
     const double centr = 0.5 * (a + b);
     const double hlgth = 0.5 * (b - a);
-    double fv1[N], fv2[N];
-    const double fc = f(centr);
-    for (int j = 0; j < N / 2; ++j) {  // the Gauss nodes
-        const double absc = hlgth * xgk[2 * j + 1];
-        fv1[2 * j + 1] = f(centr - absc);
-        fv2[2 * j + 1] = f(centr + absc);
-    }
-    for (int j = 0; j < (N + 1) / 2; ++j) {  // the Kronrod nodes
-        const double absc = hlgth * xgk[2 * j];
-        fv1[2 * j] = f(centr - absc);
-        fv2[2 * j] = f(centr + absc);
-    }
-    kronrod_sums<N>(fc, fv1, fv2, hlgth, wgk, wg, result, abserr, resabs, resasc);
-}
-
-// gauss_kronrod with the integrand called once for all 2 N + 1 nodes:
-// fvec(x, fv, n) fills fv(i) = f(x(i)), the nodes computed as gauss_kronrod
-// computes them and in the order it asks for them, so the results are those
-// of gauss_kronrod on the same integrand, bit for bit.
-template <int N, class V>
-void gauss_kronrod_vector(V&& fvec, double a, double b, const double* xgk, const double* wgk,
-                          const double* wg, double& result, double& abserr, double& resabs,
-                          double& resasc)
-{
-    constexpr int gauss = N / 2, kronrod = (N + 1) / 2;
-    const double centr = 0.5 * (a + b);
-    const double hlgth = 0.5 * (b - a);
-    double x[2 * N + 1], fv[2 * N + 1];
     x[0] = centr;
     for (int j = 0; j < gauss; ++j) {
         const double absc = hlgth * xgk[2 * j + 1];
         x[1 + 2 * j] = centr - absc;
         x[2 + 2 * j] = centr + absc;
     }
-    for (int j = 0; j < kronrod; ++j) {
+    for (int j = 0; j < (N + 1) / 2; ++j) {
         const double absc = hlgth * xgk[2 * j];
         x[1 + 2 * gauss + 2 * j] = centr - absc;
         x[2 + 2 * gauss + 2 * j] = centr + absc;
     }
+    return hlgth;
+}
+
+// A Gauss-Kronrod rule of 2 N + 1 points on [a, b] (see kronrod_sums).
+// The nodes first, then every value in the published order of the calls,
+// then the sums: the results are the published ones bit for bit.
+template <int N, class F>
+void gauss_kronrod(F&& f, double a, double b, const double* xgk, const double* wgk,
+                   const double* wg, double& result, double& abserr, double& resabs, double& resasc)
+{
+    double x[2 * N + 1], fv[2 * N + 1];
+    const double hlgth = kronrod_nodes<N>(a, b, xgk, x);
+    for (int i = 0; i < 2 * N + 1; ++i) {
+        fv[i] = f(x[i]);
+    }
+    kronrod_sums<N>(fv, hlgth, wgk, wg, result, abserr, resabs, resasc);
+}
+
+// gauss_kronrod with the integrand called once for all 2 N + 1 nodes:
+// fvec(x, fv, n) fills fv(i) = f(x(i)) for the nodes of kronrod_nodes, so
+// the results are those of gauss_kronrod on the same integrand, bit for bit.
+template <int N, class V>
+void gauss_kronrod_vector(V&& fvec, double a, double b, const double* xgk, const double* wgk,
+                          const double* wg, double& result, double& abserr, double& resabs,
+                          double& resasc)
+{
+    double x[2 * N + 1], fv[2 * N + 1];
+    const double hlgth = kronrod_nodes<N>(a, b, xgk, x);
     fvec(x, fv, 2 * N + 1);
-    double fv1[N], fv2[N];
-    for (int j = 0; j < gauss; ++j) {
-        fv1[2 * j + 1] = fv[1 + 2 * j];
-        fv2[2 * j + 1] = fv[2 + 2 * j];
-    }
-    for (int j = 0; j < kronrod; ++j) {
-        fv1[2 * j] = fv[1 + 2 * gauss + 2 * j];
-        fv2[2 * j] = fv[2 + 2 * gauss + 2 * j];
-    }
-    kronrod_sums<N>(fv[0], fv1, fv2, hlgth, wgk, wg, result, abserr, resabs, resasc);
+    kronrod_sums<N>(fv, hlgth, wgk, wg, result, abserr, resabs, resasc);
 }
 
 // D01AJZN: the 21-point rule on [a, b] (DQK21).
