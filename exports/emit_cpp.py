@@ -201,17 +201,15 @@ def plain_body(e: Entry) -> list[str]:
                  "    } else {\n"
                  f"        lbx::Fail fail_(errbuf_, ifail_, {e.ifail});\n"
                  f"        {assign}{e.runner}({', '.join(e.call_args + ['fail_'])});\n    }}\n")
-        L.append(f"    if (ifail_ == 0) [[likely]]\n        *{e.ifail} = 0;\n    else\n"
-                 f"        *{e.ifail} = lbx::frame::plain_exit(*{e.ifail}, ifail_, errbuf_, "
-                 f"{cstr(e.name)}, {e.name}_messages);\n")
     elif e.ifail:
         L.append("    char errbuf_[lbx::errbuf_length];\n    int ifail_ = 0;\n")
         L.append(f"    {target}{call};\n")
+    else:
+        L.append(f"    {target}{call};\n")
+    if e.ifail:
         L.append(f"    if (ifail_ == 0) [[likely]]\n        *{e.ifail} = 0;\n    else\n"
                  f"        *{e.ifail} = lbx::frame::plain_exit(*{e.ifail}, ifail_, errbuf_, "
                  f"{cstr(e.name)}, {e.name}_messages);\n")
-    else:
-        L.append(f"    {target}{call};\n")
     if e.result:
         L.append("    return result_;\n")
     return L
